@@ -1,0 +1,92 @@
+#include "app/system_config.h"
+
+#include <algorithm>
+
+#include "app/sys_man.h"
+#include "platform/drives.h"
+#include "platform/errors.h"
+#include "platform/files.h"
+#include "profile/profile.h"
+#include "profile/write_key.h"
+#include "text/strings.h"
+
+namespace app {
+namespace {
+
+// The sizes of the read buffers, final NUL included: the short one keeps two characters, so that
+// a drive fits exactly and a longer value is cut.
+constexpr std::size_t kRootBuffer = 256;
+constexpr std::size_t kShortBuffer = 3;
+
+bool Exists(const std::string& path) {
+    try {
+        platform::FileLen(path);
+        return true;
+    } catch (const platform::FileError&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+std::string SystemConfig::SystemDir() const {
+    return NestHomeDrive + NestRootDir + "\\system";
+}
+
+std::string SystemConfig::NestIniPath() const {
+    return SystemDir() + "\\nest.ini";
+}
+
+std::string SystemConfig::UserDir() const {
+    return NestHomeDrive + NestRootDir + "\\network\\user" + UserNumber;
+}
+
+std::string SystemConfig::UserProfilePath() const {
+    return UserDir() + "\\nestuser.ini";
+}
+
+SystemConfig& TheConfig() {
+    static SystemConfig config;
+    return config;
+}
+
+std::string StripNulls(std::string_view value) {
+    std::string result(value);
+    std::replace(result.begin(), result.end(), '\0', ' ');
+    return std::string(text::Trim(result));
+}
+
+void LocateConfigFile() {
+    const std::string folder = StripNulls(platform::WindowsDirectory());
+    std::string& path = TheConfig().ConfigFilePath;
+    path = folder + "\\nestcfg32.ini";
+    if (!Exists(path)) path = folder + "\\nestcfg.ini";
+}
+
+void ReadSystemConfig(SysMan& window) {
+    SystemConfig& config = TheConfig();
+    const auto system = profile::Profile::LoadIfReadable(config.ConfigFilePath);
+    config.NestRootDir =
+        StripNulls(system.Text("system", "NestRootDir", "\\tolvarin", kRootBuffer));
+    config.NestHomeDrive = StripNulls(system.Text("system", "NestHomeDrive", "c:", kShortBuffer));
+    config.UserNumber = StripNulls(profile::Profile::LoadIfReadable(config.NestIniPath())
+                                       .Text("UserInfo", "UserNumber", "1", kShortBuffer));
+    config.CurrentSysManDrive = StripNulls(
+        profile::Profile::LoadIfReadable(config.UserProfilePath())
+            .Text("SystemManager", "CurrentSysManDrive", config.NestHomeDrive, kShortBuffer));
+    try {
+        window.drvList.SetDrive(config.CurrentSysManDrive);
+    } catch (const platform::FileError& failure) {
+        // Only a drive that cannot be selected is ignored, not what its listing runs into.
+        if (failure.Kind() != platform::FileErrorKind::kDeviceUnavailable) throw;
+    }
+}
+
+void SaveCurrentSysManDrive(const SysMan& window) {
+    SystemConfig& config = TheConfig();
+    config.CurrentSysManDrive = window.drvList.Drive().substr(0, 2);
+    profile::WriteKey(config.UserProfilePath(), "SystemManager", "CurrentSysManDrive",
+                      config.CurrentSysManDrive);
+}
+
+}  // namespace app

@@ -1,0 +1,171 @@
+// The file layer on Windows: its own drives, names in UTF-16, case kept but not compared.
+#include "platform/native.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include "text/code_page.h"
+
+namespace platform::native {
+namespace {
+
+DWORD AttributesOf(const fs::path& path) {
+    return GetFileAttributesW(path.c_str());
+}
+
+bool Has(const fs::path& path, DWORD attribute) {
+    const DWORD attributes = AttributesOf(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & attribute) != 0;
+}
+
+std::string NarrowLabel(const wchar_t* label) {
+    std::string result;
+    for (; *label != L'\0'; ++label) {
+        // Only shown, never used as a name, so a stand-in does no harm here.
+        result += text::FromUnicode(*label).value_or('?');
+    }
+    return result;
+}
+
+}  // namespace
+
+std::error_code LastError() {
+    return {static_cast<int>(GetLastError()), std::system_category()};
+}
+
+FileErrorKind KindOf(const std::error_code& error) {
+    if (error == std::errc::no_space_on_device || error == std::errc::file_too_large) {
+        return FileErrorKind::kDiskFull;
+    }
+    if (error.category() == std::generic_category()) {  // found by the standard library itself
+        if (error == std::errc::no_such_file_or_directory) return FileErrorKind::kFileNotFound;
+        if (error == std::errc::not_a_directory) return FileErrorKind::kPathNotFound;
+        return FileErrorKind::kPathFileAccess;
+    }
+    switch (error.value()) {
+        case ERROR_FILE_NOT_FOUND:
+            return FileErrorKind::kFileNotFound;
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_INVALID_DRIVE:
+        case ERROR_BAD_NETPATH:
+        case ERROR_BAD_NET_NAME:
+        case ERROR_DIRECTORY:
+            return FileErrorKind::kPathNotFound;
+        case ERROR_ACCESS_DENIED:
+        case ERROR_SHARING_VIOLATION:
+        case ERROR_LOCK_VIOLATION:
+        case ERROR_WRITE_PROTECT:
+        case ERROR_FILE_EXISTS:
+        case ERROR_ALREADY_EXISTS:
+        case ERROR_DIR_NOT_EMPTY:
+        case ERROR_CURRENT_DIRECTORY:
+        case ERROR_INVALID_NAME:
+            return FileErrorKind::kPathFileAccess;
+        case ERROR_DISK_FULL:
+        case ERROR_HANDLE_DISK_FULL:
+            return FileErrorKind::kDiskFull;
+        case ERROR_NOT_READY:
+        case ERROR_DEV_NOT_EXIST:
+        case ERROR_GEN_FAILURE:
+            return FileErrorKind::kDeviceUnavailable;
+        default:
+            return FileErrorKind::kOther;
+    }
+}
+
+void PrepareDrives() {
+    // An empty card reader is to be skipped, not asked for with the system's own box.
+    SetErrorMode(SetErrorMode(0) | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+}
+
+std::vector<Drive> Drives() {
+    std::vector<Drive> drives;
+    const DWORD present = GetLogicalDrives();
+    for (char letter = 'a'; letter <= 'z'; ++letter) {
+        if ((present & (1u << (letter - 'a'))) == 0) continue;
+        wchar_t label[MAX_PATH + 1] = L"";
+        const BOOL ready = GetVolumeInformationW(DriveRoot(letter).c_str(), label, MAX_PATH + 1,
+                                                 nullptr, nullptr, nullptr, nullptr, 0);
+        if (ready) drives.push_back({letter, NarrowLabel(label)});
+    }
+    return drives;
+}
+
+fs::path DriveRoot(char letter) {
+    return fs::path(std::string(1, letter) + ":\\");
+}
+
+std::string WindowsDirectory() {
+    char buffer[255] = "";
+    const UINT length = GetWindowsDirectoryA(buffer, 254);
+    return {buffer, length < 254 ? length : 0};
+}
+
+fs::path FromSystem(std::string_view name) {
+    std::wstring wide;
+    for (char c : name) wide += static_cast<wchar_t>(text::ToUnicode(c));
+    return fs::path(wide);
+}
+
+std::optional<std::string> ToSystem(const fs::path& name) {
+    std::string result;
+    for (wchar_t wide : name.native()) {
+        const auto byte = text::FromUnicode(wide);
+        if (!byte) return std::nullopt;
+        result += *byte;
+    }
+    return result;
+}
+
+fs::path FindEntry(const fs::path& folder, std::string_view name, Lookup) {
+    return folder / FromSystem(name);
+}
+
+bool IsLink(const fs::path& path) {
+    return Has(path, FILE_ATTRIBUTE_REPARSE_POINT);
+}
+
+bool IsHidden(const fs::path& path) {
+    return Has(path, FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
+}
+
+bool IsReadOnly(const fs::path& path) {
+    return Has(path, FILE_ATTRIBUTE_READONLY);
+}
+
+void RemoveFile(const fs::path& path, std::error_code& error) {
+    if (!DeleteFileW(path.c_str())) error = LastError();
+}
+
+std::tm LastChange(const fs::path& path, std::error_code& error) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    FILETIME local;
+    SYSTEMTIME fields;
+    std::tm time = {};
+    // The system's own conversion with today's offset, as its directory listings show it.
+    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) ||
+        !FileTimeToLocalFileTime(&data.ftLastWriteTime, &local) ||
+        !FileTimeToSystemTime(&local, &fields)) {
+        error = LastError();
+        return time;
+    }
+    time.tm_year = fields.wYear - 1900;
+    time.tm_mon = fields.wMonth - 1;
+    time.tm_mday = fields.wDay;
+    time.tm_hour = fields.wHour;
+    time.tm_min = fields.wMinute;
+    time.tm_sec = fields.wSecond;
+    return time;
+}
+
+bool StartBatchFile(const fs::path& path, std::error_code& error) {
+    // "open" lets the system start its command interpreter for the batch file.
+    const HINSTANCE result = ShellExecuteW(nullptr, L"open", path.c_str(), nullptr,
+                                           path.parent_path().c_str(), SW_SHOWMAXIMIZED);
+    const auto code = reinterpret_cast<INT_PTR>(result);
+    if (code <= 32) error = LastError();
+    return code > 32;
+}
+
+}  // namespace platform::native

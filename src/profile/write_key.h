@@ -1,0 +1,25 @@
+// One key of a profile file, written in place.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace profile {
+
+// The bytes of a profile file with key=value in a section. Only the bytes of the value change; a
+// missing key is added behind the last line of its section, a missing section at the end. An
+// empty section name stands for the lines in front of the first section.
+//
+// Nothing when the value would not be found again under these names: a line end or NUL in one of
+// the three, a key with "=" in it or one that makes its line a comment or a section.
+std::optional<std::string> WithKey(std::string_view bytes, std::string_view section,
+                                   std::string_view key, std::string_view value);
+
+// The same in a file, which is read just before and replaced whole or not at all; a missing file
+// is made. False, with the file as it was, when it cannot be read or replaced or there is
+// nothing to write.
+bool WriteKey(std::string_view path, std::string_view section, std::string_view key,
+              std::string_view value);
+
+}  // namespace profile

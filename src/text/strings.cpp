@@ -1,0 +1,42 @@
+#include "text/strings.h"
+
+#include <algorithm>
+
+#include "text/code_page.h"
+
+namespace text {
+
+std::string_view Trim(std::string_view value) {
+    const auto first = value.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return value.substr(first, value.find_last_not_of(' ') - first + 1);
+}
+
+std::string_view UntilNul(std::string_view value) {
+    return value.substr(0, value.find('\0'));
+}
+
+std::string LowerCase(std::string_view value) {
+    std::string result(value);
+    std::transform(result.begin(), result.end(), result.begin(), LowerChar);
+    return result;
+}
+
+std::string UpperCase(std::string_view value) {
+    std::string result(value);
+    std::transform(result.begin(), result.end(), result.begin(), UpperChar);
+    return result;
+}
+
+bool EqualIgnoringCase(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return x == y || UpperChar(x) == UpperChar(y); });
+}
+
+bool LessIgnoringCase(std::string_view a, std::string_view b) {
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+        return static_cast<unsigned char>(UpperChar(x)) < static_cast<unsigned char>(UpperChar(y));
+    });
+}
+
+}  // namespace text

@@ -1,0 +1,23 @@
+// Small operations on texts of the single-byte set that the whole system shares.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace text {
+
+// Without the blanks (code 32 only) at both ends.
+std::string_view Trim(std::string_view value);
+
+// The part before the first NUL: what the platform shows of a text.
+std::string_view UntilNul(std::string_view value);
+
+std::string LowerCase(std::string_view value);
+std::string UpperCase(std::string_view value);
+
+bool EqualIgnoringCase(std::string_view a, std::string_view b);
+
+// Order of file names: by upper-case code, as the platform's directories sort.
+bool LessIgnoringCase(std::string_view a, std::string_view b);
+
+}  // namespace text

@@ -1,0 +1,35 @@
+#include "views/text_box.h"
+
+#include <algorithm>
+
+#include "text/strings.h"
+
+namespace views {
+
+void TextPart::SetText(std::string_view value) {
+    value = text::UntilNul(value);
+    if (value == text_) return;
+    text_ = std::string(value);
+    selStart_ = selLength_ = 0;
+    control_.Changed(Aspect::kText);
+    if (onChange) onChange();
+}
+
+void TextPart::Select(std::size_t start, std::size_t length) {
+    Selected(start, length);
+    control_.Changed(Aspect::kSelection);
+}
+
+void TextPart::Edited(std::string_view value, std::size_t caret) {
+    const bool differs = value != text_;
+    text_ = std::string(text::UntilNul(value));
+    Selected(caret, 0);
+    if (differs && onChange) onChange();
+}
+
+void TextPart::Selected(std::size_t start, std::size_t length) {
+    selStart_ = std::min(start, text_.size());
+    selLength_ = std::min(length, text_.size() - selStart_);
+}
+
+}  // namespace views

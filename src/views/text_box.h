@@ -1,0 +1,50 @@
+// Text boxes, and the part of a combo box that is one.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "views/control.h"
+
+namespace views {
+
+// A text that can be edited, with its caret and selection.
+class TextPart {
+  public:
+    explicit TextPart(Control* control) : control_(*control) {}
+
+    const std::string& Text() const { return text_; }
+    // From code: a different text runs Change and puts the caret in front; the same one nothing.
+    // It ends at its first NUL.
+    void SetText(std::string_view text);
+
+    // Caret or selection, counted in characters from 0 and kept inside the text.
+    std::size_t SelStart() const { return selStart_; }
+    std::size_t SelLength() const { return selLength_; }
+    void Select(std::size_t start, std::size_t length);
+    void SelectAll() { Select(0, text_.size()); }
+
+    // The operator has changed the text: runs Change where it differs.
+    void Edited(std::string_view text, std::size_t caret);
+    // The operator has moved the caret or the selection.
+    void Selected(std::size_t start, std::size_t length);
+
+    std::function<void()> onChange;
+
+  protected:
+    void ReplaceText(std::string_view text) { text_ = text; }
+
+  private:
+    Control& control_;
+    std::string text_;
+    std::size_t selStart_ = 0;
+    std::size_t selLength_ = 0;
+};
+
+class TextBox : public Control, public TextPart {
+  public:
+    TextBox(Form& owner, std::string_view name) : Control(owner, name), TextPart(this) {}
+};
+
+}  // namespace views

@@ -1,0 +1,46 @@
+#include "views/wx/application.h"
+
+#include <wx/app.h>
+#include <wx/init.h>
+
+#include <utility>
+
+#include "views/application.h"
+#include "views/screen.h"
+#include "views/wx/wx_screen.h"
+
+namespace views::mirror {
+namespace {
+
+class ToolkitApp : public wxApp {
+  public:
+    explicit ToolkitApp(std::function<int()> body) : body_(std::move(body)) {}
+
+    bool OnInit() override {
+        SetAppName("quarvel-sysman");
+        SetExitOnFrameDelete(false);
+        return true;
+    }
+
+    // The first window has an event loop of its own, so the toolkit's main one is not run.
+    int OnRun() override {
+        WxScreen screen;
+        Screen* const before = SetScreen(&screen);
+        const int status = body_();
+        SetScreen(before);
+        return status;
+    }
+
+  private:
+    std::function<int()> body_;
+};
+
+}  // namespace
+
+int RunWithToolkit(int argc, char** argv, std::function<int()> body) {
+    wxApp::SetInstance(new ToolkitApp(std::move(body)));
+    const int status = wxEntry(argc, argv);
+    return status < 0 ? 1 : status;
+}
+
+}  // namespace views::mirror

@@ -1,0 +1,252 @@
+#include "views/wx/form_window.h"
+
+#include <wx/dialog.h>
+#include <wx/frame.h>
+#include <wx/panel.h>
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+
+#include "views/application.h"
+#include "views/basic_controls.h"
+#include "views/view_procedures.h"
+#include "views/wx/convert.h"
+
+namespace views::mirror {
+namespace {
+
+constexpr int kGap = 6;      // pixels between controls at 96 dpi
+constexpr int kMargin = 10;  // around the contents of a window
+
+// The system's key codes and shift states of the toolkit's.
+int KeyOf(const wxKeyEvent& event) {
+    switch (event.GetKeyCode()) {
+        case WXK_NUMPAD_ENTER:
+            return kKeyEnter;
+        case WXK_PAGEUP:
+        case WXK_NUMPAD_PAGEUP:
+            return kKeyPageUp;
+        case WXK_PAGEDOWN:
+        case WXK_NUMPAD_PAGEDOWN:
+            return kKeyPageDown;
+        case WXK_END:
+        case WXK_NUMPAD_END:
+            return kKeyEnd;
+        case WXK_HOME:
+        case WXK_NUMPAD_HOME:
+            return kKeyHome;
+        case WXK_LEFT:
+        case WXK_NUMPAD_LEFT:
+            return kKeyLeft;
+        case WXK_UP:
+        case WXK_NUMPAD_UP:
+            return kKeyUp;
+        case WXK_RIGHT:
+        case WXK_NUMPAD_RIGHT:
+            return kKeyRight;
+        case WXK_DOWN:
+        case WXK_NUMPAD_DOWN:
+            return kKeyDown;
+        case WXK_DELETE:
+        case WXK_NUMPAD_DELETE:
+            return kKeyDelete;
+        default:
+            break;
+    }
+    // Codes above are the toolkit's own, for keys that the system gives no meaning.
+    return event.GetKeyCode() < 256 ? event.GetKeyCode() : 0;
+}
+
+int ShiftOf(const wxKeyEvent& event) {
+    return (event.ShiftDown() ? kShift : 0) | (event.ControlDown() ? kCtrl : 0) |
+           (event.AltDown() ? kAlt : 0);
+}
+
+wxTopLevelWindow* MakeWindow(const Form& form, wxWindow* parent) {
+    const long resize = form.resizable ? wxRESIZE_BORDER | wxMAXIMIZE_BOX : 0;
+    if (parent == nullptr) {
+        const long style = wxDEFAULT_FRAME_STYLE & ~(wxRESIZE_BORDER | wxMAXIMIZE_BOX);
+        return new wxFrame(nullptr, wxID_ANY, ToWx(form.Caption()), wxDefaultPosition,
+                           wxDefaultSize, style | resize);
+    }
+    return new wxDialog(parent, wxID_ANY, ToWx(form.Caption()), wxDefaultPosition, wxDefaultSize,
+                        wxDEFAULT_DIALOG_STYLE | resize);
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, wxWindow* parent)
+    : form_(form), window_(MakeWindow(form, parent)) {
+    Build();
+    form.SetPeer(this);
+    window_->Bind(wxEVT_CHAR_HOOK, &FormWindow::ForwardKey, this);
+    window_->Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
+        event.Veto();  // the form decides
+        Guard([this] { form_.RequestClose(); });
+    });
+}
+
+FormWindow::~FormWindow() {
+    form_.SetPeer(nullptr);
+    timers_.clear();
+    // Before the peers, which events still waiting for the controls refer to.
+    delete window_;
+}
+
+void FormWindow::Build() {
+    // A frame needs a panel to give its controls the look of a dialog.
+    wxWindow* parent = window_;
+    if (dynamic_cast<wxFrame*>(window_) != nullptr) {
+        parent = new wxPanel(window_);
+        auto* whole = new wxBoxSizer(wxVERTICAL);
+        whole->Add(parent, 1, wxEXPAND);
+        window_->SetSizer(whole);
+    }
+    auto* margin = new wxBoxSizer(wxVERTICAL);
+    margin->Add(Arrange(form_.GetLayout(), parent), 1, wxEXPAND | wxALL, window_->FromDIP(kMargin));
+    parent->SetSizer(margin);
+    for (auto& [plain, peer] : peers_) peer->Start();
+    parent->GetSizer()->SetSizeHints(parent);
+    window_->Fit();
+    window_->SetMinSize(window_->GetSize());
+    form_.width = window_->GetSize().x;
+    form_.height = window_->GetSize().y;
+}
+
+wxSizer* FormWindow::Arrange(const Layout& layout, wxWindow* parent) {
+    switch (layout.kind) {
+        case Layout::Kind::kFields:
+            return ArrangeFields(layout, parent);
+        case Layout::Kind::kFrame:
+            return ArrangeFrame(layout, parent);
+        default:
+            return ArrangeLine(layout, parent);
+    }
+}
+
+wxSizer* FormWindow::ArrangeLine(const Layout& layout, wxWindow* parent) {
+    const bool upright = layout.kind != Layout::Kind::kRow;
+    auto* sizer = new wxBoxSizer(upright ? wxVERTICAL : wxHORIZONTAL);
+    if (layout.kind == Layout::Kind::kControl) {
+        AddTo(sizer, layout, parent, upright, 0);
+        return sizer;
+    }
+    int gap = 0;
+    for (const Layout& part : layout.parts) {
+        AddTo(sizer, part, parent, upright, gap);
+        gap = window_->FromDIP(kGap);
+    }
+    return sizer;
+}
+
+void FormWindow::AddTo(wxSizer* sizer, const Layout& part, wxWindow* parent, bool upright,
+                       int gap) {
+    const int grow = part.grows ? 1 : 0;
+    const int side = upright ? wxTOP : wxLEFT;
+    if (part.kind == Layout::Kind::kStretch) {
+        sizer->Add(0, 0, 1);
+    } else if (part.kind == Layout::Kind::kControl) {
+        const WindowPeer& peer = Make(*part.control, parent);
+        int flags = side;
+        if (upright || peer.StretchesUpright()) {
+            flags |= wxEXPAND;
+        } else {
+            flags |= wxALIGN_CENTRE_VERTICAL;
+        }
+        sizer->Add(peer.Window(), grow, flags, gap);
+    } else {
+        sizer->Add(Arrange(part, parent), grow, side | wxEXPAND, gap);
+    }
+}
+
+wxSizer* FormWindow::ArrangeFields(const Layout& layout, wxWindow* parent) {
+    const int gap = window_->FromDIP(kGap);
+    auto* sizer = new wxFlexGridSizer(2, gap, gap);
+    sizer->AddGrowableCol(1);
+    for (std::size_t i = 0; i < layout.parts.size(); ++i) {
+        const Layout& part = layout.parts[i];
+        const int place = wxALIGN_CENTRE_VERTICAL | (i % 2 == 1 ? wxEXPAND : 0);
+        if (part.kind == Layout::Kind::kControl) {
+            sizer->Add(Make(*part.control, parent).Window(), 0, place);
+        } else {
+            sizer->Add(Arrange(part, parent), 0, place);
+        }
+    }
+    return sizer;
+}
+
+wxSizer* FormWindow::ArrangeFrame(const Layout& layout, wxWindow* parent) {
+    auto* box = static_cast<wxStaticBox*>(Make(*layout.control, parent).Window());
+    auto* sizer = new wxStaticBoxSizer(box, wxVERTICAL);
+    sizer->Add(Arrange(layout.parts.front(), box), 1, wxEXPAND | wxALL, window_->FromDIP(kGap));
+    return sizer;
+}
+
+WindowPeer& FormWindow::Make(Control& control, wxWindow* parent) {
+    auto& peer = peers_[&control];
+    peer = MakePeer(control, parent);
+    return *peer;
+}
+
+wxWindow* FormWindow::WindowOf(const Control& control) const {
+    const auto found = peers_.find(&control);
+    return found == peers_.end() ? nullptr : found->second->Window();
+}
+
+void FormWindow::StartTimers() {
+    for (Timer* plain : form_.Timers()) {
+        if (plain->Interval() <= 0) continue;
+        auto timer = std::make_unique<wxTimer>();
+        timer->Bind(wxEVT_TIMER, [plain](wxTimerEvent&) {
+            if (plain->onTimer) Guard(plain->onTimer);
+        });
+        timer->Start(plain->Interval());
+        timers_.push_back(std::move(timer));
+    }
+}
+
+void FormWindow::Run() {
+    window_->Move(form_.left, form_.top);
+    StartTimers();
+    window_->Bind(wxEVT_MOVE, &FormWindow::Place, this);
+    window_->CallAfter([this] { Guard([this] { form_.Activate(); }); });
+    if (auto* dialog = dynamic_cast<wxDialog*>(window_)) {
+        if (!closed_) dialog->ShowModal();
+        return;
+    }
+    window_->Show();
+    wxGUIEventLoop loop;
+    loop_ = &loop;
+    if (!closed_) loop.Run();
+    loop_ = nullptr;
+    window_->Hide();
+}
+
+// Some window managers put a new window where they like, but do move it when it is there.
+void FormWindow::Place(wxMoveEvent& event) {
+    event.Skip();
+    if (std::exchange(placed_, true)) return;
+    window_->CallAfter([this] { window_->Move(form_.left, form_.top); });
+}
+
+void FormWindow::ShowCaption() {
+    window_->SetTitle(ToWx(form_.Caption()));
+}
+
+void FormWindow::Close() {
+    if (std::exchange(closed_, true)) return;
+    if (auto* dialog = dynamic_cast<wxDialog*>(window_)) {
+        if (dialog->IsModal()) dialog->EndModal(wxID_OK);
+    } else if (loop_ != nullptr) {
+        loop_->ScheduleExit();
+    }
+}
+
+void FormWindow::ForwardKey(wxKeyEvent& event) {
+    const int key = KeyOf(event);
+    // An open drop-down list or menu has the keys for itself.
+    bool handled = false;
+    if (key != 0) Guard([&] { handled = form_.KeyDown(key, ShiftOf(event)); });
+    if (!handled) event.Skip();
+}
+
+}  // namespace views::mirror

@@ -1,0 +1,37 @@
+// A person in front of a real window: moves the mouse and presses keys through the platform.
+#pragma once
+
+#include <wx/gdicmn.h>
+
+#include <functional>
+
+#include "views/control.h"
+#include "views/form.h"
+
+class wxWindow;
+
+namespace test {
+
+// Shows the form in a real window, does the steps in it and closes it if they have not.
+void WorkIn(views::Form& form, const std::function<void()>& steps);
+
+// The real window of a control of the form that WorkIn shows.
+wxWindow* RealOf(const views::Control& control);
+
+void Click(const views::Control& control);
+// At a point of the screen, which is asked for again until it stays: windows still move a little
+// when they have just appeared.
+void ClickAt(const std::function<wxPoint()>& where, bool twice = false);
+// Keys of the toolkit (WXK_TAB, 'A'), with wxMOD_SHIFT and so on.
+void Key(int key, int modifiers = 0);
+// Letters, digits and the point.
+void Type(const char* text);
+
+// Lets the events at hand be handled until the condition holds; false when it does not in a time
+// that no machine needs.
+bool Until(const std::function<bool()>& condition);
+
+// Answers the next message box by pressing a key as soon as it is there.
+void AnswerNextBox(int key);
+
+}  // namespace test

@@ -1,0 +1,231 @@
+// Reading profile files: what counts as a section, a key and a value.
+#include "profile/profile.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/errors.h"
+#include "tests/support/temp_drives.h"
+
+namespace profile {
+namespace {
+
+using namespace std::string_literals;
+
+struct Lookup {
+    std::string bytes;
+    std::string section;
+    std::string key;
+    std::string value;  // "(none)" where there is no such key
+};
+
+void Check(const std::vector<Lookup>& lookups) {
+    for (const Lookup& lookup : lookups) {
+        const Profile profile(lookup.bytes);
+        const auto found = profile.Find(lookup.section, lookup.key);
+        EXPECT_EQ(found.value_or("(none)"), lookup.value)
+            << "[" << lookup.section << "] " << lookup.key << " in\n"
+            << testing::PrintToString(lookup.bytes.substr(0, 200));
+    }
+}
+
+TEST(Profile, SectionLines) {
+    Check({
+        {"[s]\r\nk=1\r\n", "s", "k", "1"},
+        {"[Tables]\r\nk=1\r\n", "tABLES", "K", "1"},
+        {" \t[ s\t] \r\nk=1\r\n", "s", "k", "1"},
+        {"[s]\r\nk=1\r\n", "\t s ", " k\t", "1"},
+        {"[s] of old\r\nk=1\r\n", "s", "k", "1"},
+        {"[s]k=1\r\n", "s", "k", "(none)"},
+        {"[[s]]\r\nk=1\r\n", "[s]", "k", "1"},
+        {"[a]b] c\r\nk=1\r\n", "a]b", "k", "1"},
+        {"[a b]\r\nk=1\r\n", "ab", "k", "(none)"},
+        // Only a line with both brackets is one; else it may still be a key.
+        {"[s]\r\n[t\r\nk=1\r\n", "t", "k", "(none)"},
+        {"[s]\r\n[t\r\nk=1\r\n", "s", "k", "1"},
+        {"[s]\r\n[t=1\r\n", "s", "[t", "1"},
+        {"[s]\r\nt]\r\nk=1\r\n", "s", "k", "1"},
+        // What stands before the first section belongs to a section without a name.
+        {"k=1\r\n[s]\r\nk=2\r\n", "s", "k", "2"},
+        {"k=1\r\n[s]\r\nk=2\r\n", "", "k", "1"},
+        {"k=1\r\n[]\r\nm=2\r\n", "", "m", "(none)"},
+    });
+}
+
+TEST(Profile, KeyAndValue) {
+    Check({
+        {"[s]\r\n \tk\t = \t1 \t\r\n", "s", "k", "1"},
+        {"[s]\r\nk=a b\tc\r\n", "s", "k", "a b\tc"},
+        {"[s]\r\nk=a=b=\r\n", "s", "k", "a=b="},
+        {"[s]\r\nk==\r\n", "s", "k", "="},
+        {"[s]\r\nk=\r\n", "s", "k", ""},
+        {"[s]\r\nk= \t \r\n", "s", "k", ""},
+        {"[s]\r\nk\r\n", "s", "k", "(none)"},
+        {"[s]\r\nk\r\nk=1\r\n", "s", "k", "1"},
+        {"[s]\r\nkk=1\r\n", "s", "k", "(none)"},
+        {"[s]\r\n=1\r\n", "s", "", "1"},
+        {"[s]\r\nk=[t]\r\nm=1\r\n", "s", "m", "1"},
+        {"[s]\r\nk=\xC4\xD6\xFF\x81\x01\r\n", "s", "k", "\xC4\xD6\xFF\x81\x01"},
+        {"[s]\r\nk=1\x1A", "s", "k", "1"},
+    });
+}
+
+TEST(Profile, FirstSectionAndInItFirstKeyCount) {
+    const std::string bytes = "[s]\r\nk=1\r\nK=2\r\n[t]\r\nk=3\r\n[S]\r\nk=4\r\nm=5\r\n";
+    Check({{bytes, "S", "k", "1"}, {bytes, "t", "k", "3"}, {bytes, "s", "m", "(none)"}});
+}
+
+TEST(Profile, AccentedLettersHaveNoCaseEither) {
+    Check({
+        {"[Br\xFBler \xC9]\r\nk=1\r\n", "BR\xDBLER \xE9", "k", "1"},
+        {"[s]\r\n\x8A\x9C=1\r\n", "s", "\x9A\x8C", "1"},
+        {"[s]\r\n\xD7=1\r\n", "s", "\xF7", "(none)"},
+    });
+}
+
+TEST(Profile, Comments) {
+    Check({
+        {"[s]\r\n;k=1\r\nk=2\r\n", "s", "k", "2"},
+        {"[s]\r\n;[t]\r\nk=2\r\n", "s", "k", "2"},
+        {"[s]\r\nk=1 ; really\r\n", "s", "k", "1 ; really"},
+        {"[s]\r\nk;=1\r\n", "s", "k;", "1"},
+        {"[s]\r\n#k=1\r\n", "s", "#k", "1"},
+    });
+}
+
+TEST(Profile, OnePairOfMatchingQuotesGoes) {
+    Check({
+        {"[s]\r\nk= \" a \" \r\n", "s", "k", " a "},
+        {"[s]\r\nk=' a '\r\n", "s", "k", " a "},
+        {"[s]\r\nk=\"\"\r\n", "s", "k", ""},
+        {"[s]\r\nk=\"\"a\"\"\r\n", "s", "k", "\"a\""},
+        {"[s]\r\nk=\"a'\r\n", "s", "k", "\"a'"},
+        {"[s]\r\nk=\"\r\n", "s", "k", "\""},
+        {"[s]\r\nk=\"a\" b\r\n", "s", "k", "\"a\" b"},
+        {"[\"s\"]\r\n'k'=1\r\n", "s", "k", "(none)"},
+    });
+}
+
+TEST(Profile, NulsEndNamesAndValues) {
+    Check({
+        {"[s]\r\nk=a\0b\r\nm=2\r\n"s, "s", "k", "a"},
+        {"[s]\r\nk=a\0b\r\nm=2\r\n"s, "s", "m", "2"},
+        {"[s]\r\nk=\"a\"\0b\r\n"s, "s", "k", "a"},
+        {"[s]\r\nk=\"a\0b\"\r\n"s, "s", "k", "\"a"},
+        {"[s\0x]\r\nk\0x=1\r\n"s, "s", "k", "1"},
+        {"\0\0\0"s, "", "", "(none)"},
+        {"[s]\r\nk=1\r\n", "s\0t"s, "k\0m"s, "1"},
+    });
+}
+
+TEST(Profile, LineEnds) {
+    for (const std::string end : {"\r\n", "\n", "\r", "\r\r\n", "\n\r", "\n\n"}) {
+        const std::string lines = "[s]" + end + "k=1" + end + end + "[t]" + end + "m=2";
+        for (const std::string& bytes : {lines, lines + end, end + lines}) {
+            Check({{bytes, "s", "k", "1"}, {bytes, "t", "m", "2"}});
+        }
+    }
+    Check({{"[s]\nk=1\rm=2\r\nn=3", "s", "m", "2"}, {"[s]\nk=1\rm=2\r\nn=3", "s", "n", "3"}});
+}
+
+TEST(Profile, ByteOrderMarks) {
+    // "[s]", "Ä=€" and a character that the set lacks, in both byte orders.
+    const std::u16string text = u"[s]\r\n\u00C4=\u20AC\u0416\r\nm=2";
+    std::string little = "\xFF\xFE", big = "\xFE\xFF";
+    for (char16_t unit : text) {
+        const char low = static_cast<char>(unit & 0xFF), high = static_cast<char>(unit >> 8);
+        little.append(1, low).append(1, high);
+        big.append(1, high).append(1, low);
+    }
+    for (const std::string& bytes : {little, big, little + "x", big + "x"}) {
+        Check({{bytes, "s", "\xC4", "\x80?"}, {bytes, "s", "m", "2"}});
+    }
+    Check({{"\xEF\xBB\xBF[s]\r\nk=1\r\n", "s", "k", "1"},
+           {"\xEF\xBB\xBFk=1\r\n", "", "k", "1"},
+           {"\xEF\xBB\xBF", "s", "k", "(none)"},
+           {"\xFF\xFE", "s", "k", "(none)"},
+           {"\xFF", "s", "k", "(none)"}});
+}
+
+// Nobody would wait for these if any step looked at the rest of the file again and again.
+TEST(Profile, HugeFiles) {
+    constexpr std::size_t kMegabyte = 1 << 20;
+    const std::string longLine(kMegabyte, 'x');
+    Check({
+        {"[s]\r\nk=" + longLine + "\r\nm=1\r\n", "s", "k", longLine},
+        {"[s]\r\n" + longLine + "\r\nm=1\r\n", "s", "m", "1"},
+        {"[" + longLine + "]\r\nm=1\r\n", longLine, "m", "1"},
+        {"[s]\r\n" + longLine + "=1\r\n", "s", longLine, "1"},
+        {std::string(kMegabyte, '\r') + "[s]\rm=1", "s", "m", "1"},
+        {std::string(kMegabyte, '[') + "\r\n[s]\rm=1", "s", "m", "1"},
+    });
+    std::string keys = "[s]\r";
+    for (int i = 0; i < 100000; ++i) keys += "\xC4key" + std::to_string(i) + "=v\r";
+    Check({{keys, "s", "\xE4KEY99999", "v"}, {keys, "s", "key99999", "(none)"}});
+    std::string sections;
+    for (int i = 0; i < 100000; ++i) sections += "[s" + std::to_string(i) + "]\rk=1\r";
+    Check({{sections, "S99999", "k", "1"}});
+}
+
+TEST(Profile, DefaultAndSize) {
+    const Profile profile("[s]\r\nk=abcdef\r\nq=\"abcdef\"\r\ne=\r\n");
+    EXPECT_EQ(profile.Text("s", "k", "x"), "abcdef");
+    EXPECT_EQ(profile.Text("s", "e", "x"), "");
+    EXPECT_EQ(profile.Text("s", "none", " \tx \t  "), " \tx \t");
+    EXPECT_EQ(profile.Text("none", "k", "'x' "), "x");
+    EXPECT_EQ(profile.Text("none", "k", "   "), "");
+    EXPECT_EQ(profile.Text("s", "k", "x", 4), "abc");
+    EXPECT_EQ(profile.Text("s", "q", "x", 4), "abc");
+    EXPECT_EQ(profile.Text("s", "none", "abcdef", 4), "abc");
+    EXPECT_EQ(profile.Text("s", "k", "x", 1), "");
+    EXPECT_EQ(profile.Text("s", "k", "x", 0), "");
+
+    const std::string name(300, 'n');
+    EXPECT_EQ(Profile("[s]\r\nk=" + name).Text("s", "k", ""), name.substr(0, 254));
+}
+
+// The process file's reader takes more characters from the buffer than were read.
+TEST(Profile, BufferKeepsWhatStoodBehindTheValue) {
+    const Profile profile("[s]\r\nlong=abcdefgh\r\nshort=xy\r\nempty=\r\n");
+    std::array<char, 12> buffer;
+    buffer.fill('#');
+    const auto text = [&] { return std::string_view(buffer.data(), buffer.size()); };
+
+    EXPECT_EQ(profile.Read("s", "long", "", buffer), 8u);
+    EXPECT_EQ(text(), "abcdefgh\0###"s);
+    EXPECT_EQ(profile.Read("s", "short", "", buffer), 2u);
+    EXPECT_EQ(text(), "xy\0defgh\0###"s);
+    EXPECT_EQ(profile.Read("s", "empty", "z", buffer), 0u);
+    EXPECT_EQ(text(), "\0y\0defgh\0###"s);
+    EXPECT_EQ(profile.Read("s", "long", "", std::span(buffer).first(3)), 2u);
+    EXPECT_EQ(text(), "ab\0defgh\0###"s);
+    EXPECT_EQ(profile.Read("s", "long", "", std::span(buffer).first(0)), 0u);
+    EXPECT_EQ(text(), "ab\0defgh\0###"s);
+}
+
+TEST(Profile, LoadsFilesAndIsEmptyWithoutOne) {
+    test::TempDrives drives;
+    drives.Write("c:\\dir\\a.dat", "[s]\r\nk=1\r\n");
+    drives.MakeDir("c:\\dir\\folder.dat");
+    EXPECT_EQ(Profile::Load("C:\\DIR\\A.DAT").Find("s", "k"), "1");
+    for (const char* missing : {"c:\\dir\\b.dat", "c:\\none\\a.dat", "x:\\dir\\a.dat",
+                                "c:\\dir\\folder.dat", "", "c:\\dir\\a?.dat"}) {
+        EXPECT_FALSE(Profile::Load(missing).Find("s", "k")) << missing;
+        EXPECT_FALSE(Profile::LoadIfReadable(missing).Find("s", "k")) << missing;
+    }
+}
+
+TEST(Profile, StaysValidWhenMoved) {
+    Profile first("[s]\r\nk=1\r\n");  // short enough for a string that is kept inside its object
+    const auto value = first.Find("s", "k");
+    const Profile second = std::move(first);
+    EXPECT_EQ(value, "1");
+    EXPECT_EQ(second.Find("s", "k"), "1");
+}
+
+}  // namespace
+}  // namespace profile

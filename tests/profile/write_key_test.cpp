@@ -1,0 +1,190 @@
+// Writing one key: which bytes change and which never do.
+#include "profile/write_key.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "profile/profile.h"
+#include "tests/support/temp_drives.h"
+
+namespace profile {
+namespace {
+
+using namespace std::string_literals;
+
+constexpr const char* kFile = "c:\\net\\nestuser.ini";
+
+struct Write {
+    std::string before;
+    std::string section;
+    std::string key;
+    std::string value;
+    std::string after;
+};
+
+// Through the file, as the system does it.
+void Check(const std::vector<Write>& writes) {
+    const test::TempDrives drives;
+    for (const Write& write : writes) {
+        drives.Write(kFile, write.before);
+        EXPECT_TRUE(WriteKey(kFile, write.section, write.key, write.value));
+        EXPECT_EQ(drives.Read(kFile), write.after);
+        EXPECT_EQ(drives.Count("c:\\net"), 1);
+    }
+}
+
+TEST(WriteKey, ChangesOnlyTheBytesOfTheValue) {
+    const std::string head = "\x81\xFF\x00 no text\r\r\n; k=0\r\nk=0\r[S] of old\n[unclosed\r\n"s;
+    const std::string tail = "\r\r\n;end\nK=9\r\nother = 7\r\n[s]\r\nk=8\n\r\n\x1A"s;
+    for (const auto& [before, after] : std::vector<std::pair<std::string, std::string>>{
+             {"k=1", "k=new value"},
+             {" \tK \t=\t 1 2 \t", " \tK \t=\t new value \t"},
+             {"k=\"1\"", "k=new value"},
+             {"k=a\0b"s, "k=new value"},
+             {"k=", "k=new value"},
+             {"k= ", "k=new value "},
+         }) {
+        Check({{head + before + tail, "s", "k", "new value", head + after + tail}});
+    }
+    Check({{"[s]\r\nk=1\r\n", "s", "k", "", "[s]\r\nk=\r\n"},
+           {"[s]\r\nk=1", "s", "k", "2", "[s]\r\nk=2"},
+           {"[s]\r\nk=1\r\n", " S ", " K ", "2", "[s]\r\nk=2\r\n"}});
+}
+
+TEST(WriteKey, AddsAMissingKeyAtTheEndOfItsSection) {
+    Check({
+        {"[s]\r\nk=1\r\n", "s", "m", "2", "[s]\r\nk=1\r\nm=2\r\n"},
+        {"[s]\r\nk=1", "s", "m", "2", "[s]\r\nk=1\r\nm=2\r\n"},
+        {"[s]", "s", "m", "2", "[s]\r\nm=2\r\n"},
+        {"[s]\r\nk=1\r\n;last\r\n\r\n[t]\r\nm=1\r\n", "s", "m", "2",
+         "[s]\r\nk=1\r\n;last\r\nm=2\r\n\r\n[t]\r\nm=1\r\n"},
+        {"[s]\r\n[t]\r\n[s]\r\nm=1\r\n", "s", "m", "2", "[s]\r\nm=2\r\n[t]\r\n[s]\r\nm=1\r\n"},
+        {"[s]\r\nm\r\n", "s", "m", "2", "[s]\r\nm\r\nm=2\r\n"},
+        {"[t]\r\n", "", "m", "2", "m=2\r\n[t]\r\n"},
+        {"k=1\r\n\r\n[t]\r\n", "", "m", "2", "k=1\r\nm=2\r\n\r\n[t]\r\n"},
+    });
+}
+
+TEST(WriteKey, AddsAMissingSectionAtTheEndOfTheFile) {
+    Check({
+        {"[s]\r\nk=1\r\n", "t", "k", "2", "[s]\r\nk=1\r\n[t]\r\nk=2\r\n"},
+        {"[s]\r\nk=1", "t", "k", "2", "[s]\r\nk=1\r\n[t]\r\nk=2\r\n"},
+        {"[s]\r\nk=1\r\n\r\n;c", "t", "k", "2", "[s]\r\nk=1\r\n\r\n;c\r\n[t]\r\nk=2\r\n"},
+        {"", "t", "k", "2", "[t]\r\nk=2\r\n"},
+        {"[t]x", "[t]", "k", "2", "[t]x\r\n[[t]]\r\nk=2\r\n"},
+    });
+}
+
+TEST(WriteKey, NewLinesEndAsTheFilesOwn) {
+    for (const std::string end : {"\r\n", "\n", "\r"}) {
+        const std::string before = "[s]" + end + "k=1";
+        Check({{before, "s", "m", "2", before + end + "m=2" + end},
+               {before + end, "t", "m", "2", before + end + "[t]" + end + "m=2" + end}});
+    }
+    // The blank lines of the system's own files begin with a lone CR.
+    Check({{"\r\r\n[s]\r\n", "s", "m", "2", "\r\r\n[s]\r\nm=2\r\n"}});
+}
+
+TEST(WriteKey, KeepsByteOrderMarksAndWidth) {
+    const auto wide = [](std::string_view text, bool bigEndian) {
+        std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+        for (char c : text) bytes += bigEndian ? "\0"s + c : c + "\0"s;
+        return bytes;
+    };
+    for (const bool big : {false, true}) {
+        const std::string zhe = big ? "\x04\x16" : "\x16\x04";  // not in the set
+        const std::string comment = wide(";", big) + zhe + wide("\r\n[s]\r\n", big).substr(2);
+        const std::string euro = big ? "\x20\xAC" : "\xAC\x20";
+        const std::string end = wide("\r\n", big).substr(2);
+        Check({{comment + wide("k=1\r\n", big).substr(2), "s", "k", "\x80",
+                comment + wide("k=", big).substr(2) + euro + end},
+               {comment, "s", "k", "\x80", comment + wide("k=", big).substr(2) + euro + end}});
+    }
+    const std::string mark = "\xEF\xBB\xBF";
+    Check({{mark, "s", "k", "1", mark + "[s]\r\nk=1\r\n"},
+           {mark + "[s]\r\n", "", "k", "1", mark + "k=1\r\n[s]\r\n"},
+           {mark + "[s]\r\nk=\xC3\xA4\r\n", "s", "k", "\xE4", mark + "[s]\r\nk=\xE4\r\n"}});
+}
+
+TEST(WriteKey, RefusesWhatWouldNotBeFoundAgain) {
+    const test::TempDrives drives;
+    const std::string before = "[s]\r\nk=1\r\n[x=1\r\n";
+    drives.Write(kFile, before);
+    for (const auto& [section, key, value] : std::vector<std::array<std::string, 3>>{
+             {"s", "k", "a\r\nb"},
+             {"s", "k", "a\n"},
+             {"s", "k", "a\rb"},
+             {"s", "k", "a\0b"s},
+             {"s", "a\nb", "1"},
+             {"s", "k\0"s, "1"},
+             {"s\r[t]", "k", "1"},
+             {"s\0t"s, "k", "1"},
+             {"s", "a=b", "1"},
+             {"s", "=", "1"},
+             {"s", ";k", "1"},
+             {"t", " ;k", "1"},
+             {"s", "[k", "a]"},
+             {"s", "[x", "a]"},
+             {"s", "[k]", "1"},
+         }) {
+        EXPECT_FALSE(WriteKey(kFile, section, key, value)) << section << "/" << key;
+        EXPECT_EQ(drives.Read(kFile), before);
+    }
+    EXPECT_FALSE(WithKey("", "s", "a=b", "1"));
+}
+
+TEST(WriteKey, MakesAMissingFileButNoDirectory) {
+    const test::TempDrives drives;
+    drives.MakeDir("c:\\net");
+    EXPECT_TRUE(WriteKey("c:\\net\\new.ini", "s", "k", "v"));
+    EXPECT_EQ(drives.Read("c:\\net\\new.ini"), "[s]\r\nk=v\r\n");
+    EXPECT_EQ(drives.Count("c:\\net"), 1);
+
+    EXPECT_FALSE(WriteKey("c:\\none\\new.ini", "s", "k", "v"));
+    EXPECT_FALSE(drives.Exists("c:\\none"));
+    EXPECT_FALSE(WriteKey("x:\\net\\new.ini", "s", "k", "v"));
+    EXPECT_FALSE(WriteKey("c:\\net", "s", "k", "v"));
+    EXPECT_EQ(drives.Count("c:\\net"), 1);
+}
+
+TEST(WriteKey, LeavesAReadOnlyFileAlone) {
+    const test::TempDrives drives;
+    drives.Write(kFile, "[s]\r\nk=1\r\n");
+    drives.SetReadOnly(kFile, true);
+    EXPECT_FALSE(WriteKey(kFile, "s", "k", "2"));
+    EXPECT_EQ(drives.Read(kFile), "[s]\r\nk=1\r\n");
+    EXPECT_EQ(drives.Count("c:\\net"), 1);
+
+    drives.SetReadOnly(kFile, false);
+    EXPECT_TRUE(WriteKey(kFile, "s", "k", "2"));
+    EXPECT_EQ(drives.Read(kFile), "[s]\r\nk=2\r\n");
+}
+
+// The nesting program may have written the file since it was read last.
+TEST(WriteKey, StartsFromTheFileAsItIsNow) {
+    const test::TempDrives drives;
+    drives.Write(kFile, "[s]\r\nk=1\r\n");
+    EXPECT_TRUE(WriteKey(kFile, "s", "k", "2"));
+    drives.Write(kFile, "[s]\r\nk=3\r\nm=4\r\n");
+    EXPECT_TRUE(WriteKey(kFile, "s", "m", "5"));
+    EXPECT_EQ(drives.Read(kFile), "[s]\r\nk=3\r\nm=5\r\n");
+}
+
+// An unchanged value is no reason to touch the file.
+TEST(WriteKey, LeavesTheFileWhenNothingChanges) {
+    const test::TempDrives drives;
+    drives.Write(kFile, "[s]\r\nk=1\r\n");
+    const auto native = drives.Path(kFile);
+    const auto old = std::filesystem::last_write_time(native) - std::chrono::hours(1);
+    std::filesystem::last_write_time(native, old);
+    EXPECT_TRUE(WriteKey(kFile, "s", "k", "1"));
+    EXPECT_EQ(std::filesystem::last_write_time(native), old);
+}
+
+}  // namespace
+}  // namespace profile

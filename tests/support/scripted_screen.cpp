@@ -1,0 +1,137 @@
+#include "tests/support/scripted_screen.h"
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <utility>
+
+#include "views/application.h"
+#include "views/basic_controls.h"
+#include "views/text_box.h"
+#include "views/view_procedures.h"
+
+namespace test {
+namespace {
+
+const char* NameOf(views::Buttons buttons) {
+    switch (buttons) {
+        case views::Buttons::kOk:
+            return "OK";
+        case views::Buttons::kOkCancel:
+            return "OK/Cancel";
+        case views::Buttons::kYesNo:
+            return "Yes/No";
+    }
+    return "";
+}
+
+const char* NameOf(views::Icon icon) {
+    switch (icon) {
+        case views::Icon::kNone:
+            return "none";
+        case views::Icon::kExclamation:
+            return "exclamation";
+        case views::Icon::kQuestion:
+            return "question";
+        case views::Icon::kInformation:
+            return "information";
+        case views::Icon::kCritical:
+            return "critical";
+    }
+    return "";
+}
+
+}  // namespace
+
+ScriptedScreen::ScriptedScreen() : before_(views::SetScreen(this)) {
+    views::ResetApplication();
+}
+
+ScriptedScreen::~ScriptedScreen() {
+    EXPECT_TRUE(answers.empty()) << "a message box was expected and not shown";
+    EXPECT_TRUE(windows.empty()) << "a window was expected and not shown";
+    EXPECT_EQ(busy, 0) << "the pointer is still busy";
+    views::SetScreen(before_);
+    views::ResetApplication();
+}
+
+std::vector<std::string> ScriptedScreen::TakeLog() {
+    return std::exchange(log, {});
+}
+
+views::Answer ScriptedScreen::Show(const views::Message& message) {
+    log.push_back(Box(message.title, message.text, NameOf(message.buttons), NameOf(message.icon)));
+    if (message.buttons == views::Buttons::kOk) return views::Answer::kOk;
+    if (answers.empty()) {
+        ADD_FAILURE() << "nobody answers: " << log.back();
+        return message.buttons == views::Buttons::kYesNo ? views::Answer::kNo
+                                                         : views::Answer::kCancel;
+    }
+    const auto answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+void ScriptedScreen::Realise(views::Form& form) {
+    form.width = 400;
+    form.height = 300;
+}
+
+void ScriptedScreen::Run(views::Form& form) {
+    views::Guard([&] { form.Activate(); });
+    if (!windows.empty()) {
+        const auto work = windows.front();
+        windows.pop_front();
+        work(form);
+    }
+    if (form.IsOpen()) views::Guard([&] { form.RequestClose(); });
+    EXPECT_FALSE(form.IsOpen()) << form.Name() << " stays open";
+}
+
+std::string Box(const std::string& title, const std::string& text, const std::string& buttons,
+                const std::string& icon) {
+    return title + "|" + text + "|" + buttons + "|" + icon;
+}
+
+void Keyboard::Press(int key, int shift) {
+    views::Guard([&] {
+        if (form_.KeyDown(key, shift)) return;
+        if (key == views::kKeySpace) {
+            if (auto* button = dynamic_cast<views::CommandButton*>(form_.Focus())) {
+                return button->Press();
+            }
+            if (auto* check = dynamic_cast<views::CheckBox*>(form_.Focus())) {
+                return check->Toggle();
+            }
+        }
+        if (key == views::kKeyBackspace && !form_.KeyPress('\b')) Insert('\b');
+    });
+}
+
+void Keyboard::Type(std::string_view text) {
+    for (char c : text) {
+        views::Guard([&] {
+            if (form_.KeyDown(std::toupper(static_cast<unsigned char>(c)), 0)) return;
+            if (!form_.KeyPress(c)) Insert(c);
+        });
+    }
+}
+
+void Keyboard::Insert(char character) {
+    auto* box = dynamic_cast<views::TextPart*>(form_.Focus());
+    if (box == nullptr) return;
+    std::string text = box->Text();
+    std::size_t at = box->SelStart();
+    std::size_t length = box->SelLength();
+    if (character == '\b') {
+        if (length == 0 && at > 0) {
+            --at;
+            length = 1;
+        }
+        box->Edited(text.erase(at, length), at);
+    } else {
+        box->Edited(text.replace(at, length, 1, character), at + 1);
+    }
+}
+
+}  // namespace test
