@@ -27,6 +27,7 @@ endif()
 file(GLOB mirror_sources CONFIGURE_DEPENDS src/views/wx/*.cpp)
 add_library(sysman_mirror STATIC ${mirror_sources})
 target_link_libraries(sysman_mirror PUBLIC sysman_core sysman_toolkit)
+target_include_directories(sysman_mirror PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
 
 add_executable(sysman src/main.cpp)
 target_link_libraries(sysman PRIVATE sysman_mirror)

@@ -80,21 +80,21 @@ bool ForEachEntry(std::string_view path, const fs::path& folder, Visit visit) {
 }  // namespace
 
 std::vector<std::string> Dir(std::string_view pattern, DirKinds kinds) {
-    const auto [folderPath, wanted] = SplitLast(pattern);
+    const Split split = SplitLast(pattern);
     std::vector<std::string> names;
     const bool directories = kinds == DirKinds::kFilesAndDirectories;
     const bool found =
-        ForEachEntry(pattern, Resolve(folderPath), [&](const fs::directory_entry& entry) {
+        ForEachEntry(pattern, Resolve(split.folder), [&](const fs::directory_entry& entry) {
             const auto name = SystemName(entry.path().filename());
-            if (!name || !Matches(*name, wanted) || native::IsHidden(entry.path())) return;
+            if (!name || !Matches(*name, split.name) || native::IsHidden(entry.path())) return;
             std::error_code gone;
             if (directories ? entry.exists(gone) : entry.is_regular_file(gone)) {
                 names.push_back(*name);
             }
         });
     std::sort(names.begin(), names.end(), text::LessIgnoringCase);
-    const bool belowRoot = folderPath.size() > 3;
-    if (found && directories && belowRoot && wanted == "*.*") {
+    const bool belowRoot = split.folder.size() > 3;
+    if (found && directories && belowRoot && split.name == "*.*") {
         names.insert(names.begin(), {".", ".."});
     }
     return names;
@@ -144,8 +144,8 @@ void RmDir(std::string_view path) {
 }
 
 void Kill(std::string_view pattern) {
-    const auto [folderPath, wanted] = SplitLast(pattern);
-    const fs::path folder = Resolve(folderPath, Lookup::kOnlyMatch);
+    const Split split = SplitLast(pattern);
+    const fs::path folder = Resolve(split.folder, Lookup::kOnlyMatch);
     if (native::IsLink(folder)) {
         throw FileError(FileErrorKind::kPathFileAccess, std::string(pattern), "leads elsewhere");
     }
@@ -154,7 +154,7 @@ void Kill(std::string_view pattern) {
     const bool found = ForEachEntry(pattern, folder, [&](const fs::directory_entry& entry) {
         std::error_code gone;
         const auto name = SystemName(entry.path().filename());
-        const bool matches = wanted == "*.*" || (name && Matches(*name, wanted));
+        const bool matches = split.name == "*.*" || (name && Matches(*name, split.name));
         // A link to a directory stays like one.
         const bool isDirectory = entry.is_directory(gone);
         if (matches && !isDirectory) files.push_back(entry.path());

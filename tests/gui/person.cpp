@@ -9,6 +9,9 @@
 #include <wx/utils.h>
 #include <wx/window.h>
 
+#include <cstdio>
+#include <cstdlib>
+
 #include "views/application.h"
 #include "views/screen.h"
 #include "views/wx/wx_screen.h"
@@ -39,6 +42,7 @@ class BoxAnswer : public wxModalDialogHook, public wxTimer {
 
   protected:
     int Enter(wxDialog*) override {
+        waited_.Start();
         Start(100);
         return wxID_NONE;
     }
@@ -47,10 +51,17 @@ class BoxAnswer : public wxModalDialogHook, public wxTimer {
         Unregister();
         wxTheApp->ScheduleForDestruction(this);
     }
-    void Notify() override { wxUIActionSimulator().Char(key_); }
+    void Notify() override {
+        if (waited_.Time() > kPatience) {
+            std::fputs("a message box cannot be answered\n", stderr);
+            std::_Exit(1);  // nothing else ends a box that nobody answers
+        }
+        wxUIActionSimulator().Char(key_);
+    }
 
   private:
     int key_;
+    wxStopWatch waited_;
 };
 
 }  // namespace

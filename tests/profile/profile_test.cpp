@@ -90,6 +90,8 @@ TEST(Profile, AccentedLettersHaveNoCaseEither) {
 TEST(Profile, Comments) {
     Check({
         {"[s]\r\n;k=1\r\nk=2\r\n", "s", "k", "2"},
+        {"[s]\r\n;k=1\r\n", "s", ";k", "(none)"},
+        {"[s]\r\n \t;k=1\r\n", "s", ";k", "(none)"},
         {"[s]\r\n;[t]\r\nk=2\r\n", "s", "k", "2"},
         {"[s]\r\nk=1 ; really\r\n", "s", "k", "1 ; really"},
         {"[s]\r\nk;=1\r\n", "s", "k;", "1"},

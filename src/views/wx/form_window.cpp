@@ -2,10 +2,12 @@
 
 #include <wx/dialog.h>
 #include <wx/frame.h>
+#include <wx/icon.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 
+#include "packaging/sysman.xpm"
 #include "views/application.h"
 #include "views/basic_controls.h"
 #include "views/view_procedures.h"
@@ -76,6 +78,7 @@ wxTopLevelWindow* MakeWindow(const Form& form, wxWindow* parent) {
 
 FormWindow::FormWindow(Form& form, wxWindow* parent)
     : form_(form), window_(MakeWindow(form, parent)) {
+    window_->SetIcon(wxICON(sysman));
     Build();
     form.SetPeer(this);
     window_->Bind(wxEVT_CHAR_HOOK, &FormWindow::ForwardKey, this);

@@ -1,0 +1,206 @@
+// Any bytes as a profile file and any names, beside a lookup that goes through the file line by
+// line and character by character, slow and plain. The writer's edit of such a file is held to
+// what it promises: the value reads back, all other bytes stay, all other keys read as before.
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "profile/profile.h"
+#include "profile/write_key.h"
+#include "text/code_page.h"
+
+namespace {
+
+#define REQUIRE(condition) \
+    if (!(condition)) std::abort()
+
+using std::string;
+
+bool IsBlank(char c) {
+    return string(" \t\v\f\r\n\x1A").find(c) != string::npos;
+}
+
+string Trim(string text) {
+    while (!text.empty() && IsBlank(text.front())) text.erase(0, 1);
+    while (!text.empty() && IsBlank(text.back())) text.pop_back();
+    return text;
+}
+
+string UntilNul(const string& text) {
+    return text.substr(0, text.find('\0'));
+}
+
+bool Same(const string& a, const string& b) {
+    string x = a, y = b;
+    for (char& c : x) c = text::UpperChar(c);
+    for (char& c : y) c = text::UpperChar(c);
+    return x == y;
+}
+
+string Unquoted(const string& text) {
+    if (text.size() < 2 || text.front() != text.back()) return text;
+    if (text.front() != '"' && text.front() != '\'') return text;
+    return text.substr(1, text.size() - 2);
+}
+
+int WidthOf(const string& bytes) {
+    return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ? 2 : 1;
+}
+
+// The text of a file as the platform sees it.
+string Text(const string& bytes) {
+    if (WidthOf(bytes) == 1) return bytes;
+    const bool lowFirst = bytes[0] == '\xFF';
+    string text;
+    for (std::size_t at = 2; at + 1 < bytes.size(); at += 2) {
+        const unsigned first = static_cast<unsigned char>(bytes[at]);
+        const unsigned second = static_cast<unsigned char>(bytes[at + 1]);
+        const char32_t unit = lowFirst ? first + 256 * second : second + 256 * first;
+        text += text::FromUnicode(unit).value_or('?');
+    }
+    return text;
+}
+
+struct Key {
+    string section;
+    string key;
+    string value;        // with its quotes
+    std::size_t offset;  // of the value in the text
+};
+
+// All keys that count, in file order.
+std::vector<Key> KeysOf(const string& text) {
+    std::vector<Key> keys;
+    std::vector<string> sections = {""};
+    bool counts = true;
+    std::size_t at = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    while (at < text.size()) {
+        std::size_t end = at;
+        while (end < text.size() && text[end] != '\r' && text[end] != '\n') ++end;
+        const string line = text.substr(at, end - at);
+        const string trimmed = Trim(line);
+        if (trimmed.starts_with('[') && trimmed.find(']') != string::npos) {
+            const string name = UntilNul(Trim(trimmed.substr(1, trimmed.rfind(']') - 1)));
+            counts = std::none_of(sections.begin(), sections.end(),
+                                  [&](const string& section) { return Same(section, name); });
+            sections.push_back(name);
+        } else if (counts && !trimmed.starts_with(';') && line.find('=') != string::npos) {
+            std::size_t value = line.find('=') + 1;
+            const string key = UntilNul(Trim(line.substr(0, value - 1)));
+            // An empty value stands right behind the "=".
+            const bool empty = Trim(line.substr(value)).empty();
+            while (!empty && IsBlank(line[value])) ++value;
+            keys.push_back({sections.back(), key, Trim(line.substr(value)), at + value});
+        }
+        at = end + 1;
+    }
+    return keys;
+}
+
+std::optional<Key> Lookup(const std::vector<Key>& keys, const string& section, const string& key) {
+    for (const Key& each : keys) {
+        if (Same(each.section, Trim(UntilNul(section))) && Same(each.key, Trim(UntilNul(key)))) {
+            return each;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<string> ValueOf(const std::optional<Key>& key) {
+    if (!key) return std::nullopt;
+    return Unquoted(UntilNul(key->value));
+}
+
+void CheckReading(const string& bytes, const std::vector<Key>& keys, const string& section,
+                  const string& key) {
+    const profile::Profile profile(bytes);
+    const auto check = [&](const string& s, const string& k) {
+        const auto expected = ValueOf(Lookup(keys, s, k));
+        REQUIRE(profile.Find(s, k) == expected);
+        std::array<char, 9> buffer;
+        buffer.fill('#');
+        const string read = expected.value_or("").substr(0, 7);
+        REQUIRE(profile.Read(s, k, "", std::span(buffer).first(8)) == read.size());
+        const string wanted = read + '\0' + string(8 - read.size(), '#');
+        REQUIRE(std::equal(buffer.begin(), buffer.end(), wanted.begin()));
+    };
+    check(section, key);
+    for (const Key& each : keys) {
+        check(each.section, each.key);
+        check(each.section, key);
+        check(section, each.key);
+    }
+}
+
+bool FitsOnLine(const string& text) {
+    return text.find_first_of(string("\r\n\0", 3)) == string::npos;
+}
+
+// Whether a key of that name may be one that cannot stand in a file.
+bool IsAwkward(const string& key) {
+    const string name = Trim(key);
+    return name.find('=') != string::npos || name.starts_with(';') || name.starts_with('[') ||
+           key.starts_with("\xEF\xBB\xBF") || key.starts_with("\xFF\xFE") ||
+           key.starts_with("\xFE\xFF");
+}
+
+void CheckWriting(const string& bytes, const std::vector<Key>& keys, const string& section,
+                  const string& key, const string& value) {
+    const auto written = profile::WithKey(bytes, section, key, value);
+    const bool fits = FitsOnLine(section) && FitsOnLine(key) && FitsOnLine(value);
+    if (!written) {
+        REQUIRE(!fits || IsAwkward(key));
+        return;
+    }
+    REQUIRE(fits);
+    const auto keysAfter = KeysOf(Text(*written));
+    REQUIRE(ValueOf(Lookup(keysAfter, section, key)) == Unquoted(Trim(value)));
+
+    const auto old = Lookup(keys, section, key);
+    const auto width = static_cast<std::size_t>(WidthOf(bytes));
+    const std::size_t added =
+        written->size() + (old ? width * old->value.size() : 0) - bytes.size();
+    std::size_t at = 0;  // where the change is: behind the common beginning if it is an addition
+    if (old) {
+        at = (width == 2 ? 2 : 0) + width * old->offset;
+        REQUIRE(added == width * value.size());
+    } else {
+        while (at < bytes.size() && bytes[at] == (*written)[at]) ++at;
+    }
+    const std::size_t removed = old ? width * old->value.size() : 0;
+    REQUIRE(written->substr(0, at) == bytes.substr(0, at));
+    REQUIRE(written->substr(at + added) == bytes.substr(at + removed));
+
+    for (const Key& each : keys) {
+        if (Same(Trim(each.section), Trim(section)) && Same(Trim(each.key), Trim(key))) continue;
+        REQUIRE(ValueOf(Lookup(keys, each.section, each.key)) ==
+                ValueOf(Lookup(keysAfter, each.section, each.key)));
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FuzzedDataProvider input(data, size);
+    const string section = input.ConsumeRandomLengthString(40);
+    const string key = input.ConsumeRandomLengthString(40);
+    const string value = input.ConsumeRandomLengthString(40);
+    const string bytes = input.ConsumeRemainingBytesAsString();
+    const auto keys = KeysOf(Text(bytes));
+    CheckReading(bytes, keys, section, key);
+    CheckWriting(bytes, keys, section, key, value);
+    // Names that the file has: these are the ones whose value changes in place.
+    if (!keys.empty()) {
+        const Key& known = keys[value.size() % keys.size()];
+        CheckWriting(bytes, keys, known.section, known.key, value);
+        CheckWriting(bytes, keys, known.section, key, value);
+    }
+    return 0;
+}
