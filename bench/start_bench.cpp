@@ -24,7 +24,9 @@ namespace {
 
 constexpr int kRuns = 21;
 
-long long Now() { return std::chrono::steady_clock::now().time_since_epoch().count(); }
+long long Now() {
+    return std::chrono::steady_clock::now().time_since_epoch().count();
+}
 
 // Ends the program when the first paint event has been handled, telling when on the pipe.
 class FirstPaint : public wxEventFilter {
