@@ -1,8 +1,17 @@
 #include "app/sys_man.h"
 
 #include <string>
+#include <utility>
 
+#include "app/loader.h"
 #include "app/system_config.h"
+#include "directories/backup.h"
+#include "directories/create_dir.h"
+#include "directories/print_directory.h"
+#include "materiallist/edit_material_list.h"
+#include "materiallist/material_list_table.h"
+#include "materialtypes/edit_material_types.h"
+#include "process/process_defaults.h"
 #include "views/application.h"
 #include "views/screen.h"
 
@@ -10,6 +19,13 @@ namespace app {
 namespace {
 
 const std::string kTitle = "Quarvel System Manager";
+
+// Shows a fresh window; the main window waits until it is closed.
+template <typename Window, typename... Arguments>
+void OpenWindow(Arguments&... arguments) {
+    Window window(arguments...);
+    views::ShowModal(window);
+}
 
 }  // namespace
 
@@ -39,7 +55,17 @@ SysMan::SysMan() : Form("SysMan", kTitle) {
     optDesign.onClick = [this] { RefreshDirectoryList(*this); };
     optProduction.onClick = [this] { RefreshDirectoryList(*this); };
     lstDirectory.onClick = [this] { DirectoryClick(); };
+    cmdMaterial.onClick = [this] { MaterialClick(); };
+    cmdCreate.onClick = [this] { CreateClick(); };
     cmdDelete.onClick = [this] { DeleteClick(); };
+    cmdBackup.onClick = [this] { OpenWindow<directories::FrmBackup>(*this); };
+    cmdPrint.onClick = [this] { OpenWindow<directories::FrmPrint>(*this); };
+    cmdSysMaterial.onClick = [] { OpenWindow<materialtypes::FrmEditMaterialTypes>(); };
+    cmdSysProcess.onClick = [] { OpenWindow<process::FrmProcessDefaults>(); };
+    cmdSysDefaults.onClick = [this] {
+        materiallist::MaterialListSource = materiallist::kSystemDefaults;
+        OpenMaterialList();
+    };
     cmdClose.onClick = [this] { Close(); };
     tmrNotepad.onTimer = [] {};  // present for the nesting system, which counts on nothing of it
 }
@@ -91,6 +117,29 @@ void SysMan::DeleteClick() {
     DeleteDataDirectory(*this);
     lstDirectory.SetListIndex(-1);
     RefreshDirectoryList(*this);
+}
+
+void SysMan::CreateClick() {
+    OpenWindow<directories::CreateDir>(*this);
+    if (!materiallist::DirectoryCreated) return;
+    if (lstDirectory.ListIndex() >= 0) {
+        MaterialClick();
+    } else {
+        // What was made is not in the list, so there is nothing to open.
+        materiallist::DirectoryCreated = false;
+    }
+}
+
+void SysMan::MaterialClick() {
+    using namespace materiallist;
+    MaterialListDirPath = UserDataDir(drvList.Prefix()) + "\\PROD\\" + lstDirectory.SelectedText();
+    MaterialListSource =
+        std::exchange(DirectoryCreated, false) ? kNewDirectory : kExistingDirectory;
+    OpenMaterialList();
+}
+
+void SysMan::OpenMaterialList() {
+    if (LoadForMaterialList()) OpenWindow<materiallist::FrmEditMaterialList>();
 }
 
 }  // namespace app

@@ -48,6 +48,9 @@ class SysMan : public views::Form {
   private:
     void DirectoryClick();
     void DeleteClick();
+    void CreateClick();
+    void MaterialClick();
+    void OpenMaterialList();
 
     std::optional<platform::SingleInstance> instance_;
     bool startingUp_ = false;

@@ -39,6 +39,10 @@ void Printer::EndDocument() {
     Send(pages);
 }
 
+void PrinterSetupDialog::Show() const {
+    ThePrinter().ShowSetup();
+}
+
 Printer& ThePrinter() {
     return *g_printer;
 }

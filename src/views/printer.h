@@ -39,6 +39,12 @@ class Printer {
     std::string line_;
 };
 
+// The printer's set-up as a window has it among its controls.
+class PrinterSetupDialog {
+  public:
+    void Show() const;
+};
+
 // The one printer of the run. SetPrinter gives back the one before.
 Printer& ThePrinter();
 Printer* SetPrinter(Printer* printer);

@@ -67,6 +67,7 @@ class BoxAnswer : public wxModalDialogHook, public wxTimer {
 }  // namespace
 
 void WorkIn(views::Form& form, const std::function<void()>& steps) {
+    views::ResetApplication();  // a test before may have ended its run
     bool done = false;
     wxTheApp->CallAfter([&] {
         EXPECT_TRUE(Until([&] { return form.Focus() != nullptr; })) << "the window does not appear";
@@ -131,8 +132,13 @@ bool Until(const std::function<bool()>& condition) {
     return true;
 }
 
-void AnswerNextBox(int key) {
-    new BoxAnswer(key);
+void AnswerNextBox(bool yes) {
+#ifdef _WIN32
+    const int no = 'N';  // a Yes/No box of this platform cannot be dismissed
+#else
+    const int no = WXK_ESCAPE;
+#endif
+    new BoxAnswer(yes ? WXK_RETURN : no);
 }
 
 }  // namespace test

@@ -31,7 +31,7 @@ void Type(const char* text);
 // that no machine needs.
 bool Until(const std::function<bool()>& condition);
 
-// Answers the next message box by pressing a key as soon as it is there.
-void AnswerNextBox(int key);
+// Answers the next message box with Yes (or OK) or with No, by keyboard, as soon as it is there.
+void AnswerNextBox(bool yes);
 
 }  // namespace test

@@ -7,6 +7,7 @@
 
 #include "views/application.h"
 #include "views/screen.h"
+#include "views/wx/wx_printer.h"
 #include "views/wx/wx_screen.h"
 
 namespace views::mirror {
@@ -25,9 +26,12 @@ class ToolkitApp : public wxApp {
     // The first window has an event loop of its own, so the toolkit's main one is not run.
     int OnRun() override {
         WxScreen screen;
-        Screen* const before = SetScreen(&screen);
+        WxPrinter printer;
+        Screen* const screenBefore = SetScreen(&screen);
+        Printer* const printerBefore = SetPrinter(&printer);
         const int status = body_();
-        SetScreen(before);
+        SetPrinter(printerBefore);
+        SetScreen(screenBefore);
         return status;
     }
 

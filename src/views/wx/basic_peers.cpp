@@ -9,6 +9,7 @@
 #include "views/application.h"
 #include "views/basic_controls.h"
 #include "views/form.h"
+#include "views/wx/arrow_pair.h"
 #include "views/wx/convert.h"
 #include "views/wx/peer.h"
 
@@ -114,22 +115,26 @@ wxRadioButton* NobodyOf(const OptionButton& plain, wxWindow* parent) {
     return nobody;
 }
 
+wxWindow* MakeArrows(SpinButton& plain, wxWindow* parent) {
+    const auto up = [&plain] { Guard([&plain] { plain.Up(); }); };
+    const auto down = [&plain] { Guard([&plain] { plain.Down(); }); };
+#ifdef __WXGTK__
+    return new ArrowPair(parent, up, down);
+#else
+    auto* real = new wxSpinButton(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                  wxSP_VERTICAL | wxSP_ARROW_KEYS);
+    // The plain control has no value of its own, so the real one never leaves its middle.
+    real->SetRange(-1, 1);
+    real->Bind(wxEVT_SPIN_UP, [up](wxSpinEvent& event) { event.Veto(), up(); });
+    real->Bind(wxEVT_SPIN_DOWN, [down](wxSpinEvent& event) { event.Veto(), down(); });
+    return real;
+#endif
+}
+
 class SpinPeer : public WindowPeer {
   public:
-    SpinPeer(SpinButton& plain, wxWindow* parent)
-        : WindowPeer(plain, new wxSpinButton(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                             wxSP_VERTICAL | wxSP_ARROW_KEYS)) {
-        // The plain control has no value of its own, so the real one never leaves its middle.
-        static_cast<wxSpinButton*>(Window())->SetRange(-1, 1);
-        Window()->Bind(wxEVT_SPIN_UP, [&plain](wxSpinEvent& event) {
-            event.Veto();
-            Guard([&plain] { plain.Up(); });
-        });
-        Window()->Bind(wxEVT_SPIN_DOWN, [&plain](wxSpinEvent& event) {
-            event.Veto();
-            Guard([&plain] { plain.Down(); });
-        });
-    }
+    SpinPeer(SpinButton& plain, wxWindow* parent) : WindowPeer(plain, MakeArrows(plain, parent)) {}
+    bool StretchesAcross() const override { return false; }
 
   protected:
     void Update(Aspect) override {}

@@ -108,9 +108,8 @@ void FormWindow::Build() {
     margin->Add(Arrange(form_.GetLayout(), parent), 1, wxEXPAND | wxALL, window_->FromDIP(kMargin));
     parent->SetSizer(margin);
     for (auto& [plain, peer] : peers_) peer->Start();
-    parent->GetSizer()->SetSizeHints(parent);
-    window_->Fit();
-    window_->SetMinSize(window_->GetSize());
+    // By the size inside the frame: that of its border is known only when it is shown.
+    window_->GetSizer()->SetSizeHints(window_);
     form_.width = window_->GetSize().x;
     form_.height = window_->GetSize().y;
 }
@@ -149,10 +148,11 @@ void FormWindow::AddTo(wxSizer* sizer, const Layout& part, wxWindow* parent, boo
         sizer->Add(0, 0, 1);
     } else if (part.kind == Layout::Kind::kControl) {
         const WindowPeer& peer = Make(*part.control, parent);
-        int flags = side;
-        if (upright || peer.StretchesUpright()) {
+        // A control that is hidden for a while keeps its place.
+        int flags = side | wxRESERVE_SPACE_EVEN_IF_HIDDEN;
+        if (upright ? peer.StretchesAcross() : peer.StretchesUpright()) {
             flags |= wxEXPAND;
-        } else {
+        } else if (!upright) {
             flags |= wxALIGN_CENTRE_VERTICAL;
         }
         sizer->Add(peer.Window(), grow, flags, gap);

@@ -1,19 +1,56 @@
 // Grids. The real grid reads its texts from the plain one through the toolkit's table interface;
 // the fixed row and column are its headings.
+#include <wx/arrstr.h>
 #include <wx/grid.h>
 #include <wx/settings.h>
 #include <wx/wupdlock.h>
 
 #include <algorithm>
+#include <numeric>
 
 #include "views/application.h"
 #include "views/form.h"
 #include "views/grid.h"
+#include "views/view_procedures.h"
 #include "views/wx/convert.h"
 #include "views/wx/peer.h"
 
 namespace views::mirror {
 namespace {
+
+// Twips of a 96 dpi screen; what is laid out in them grows with the font.
+int Pixels(const wxWindow* window, int twips) {
+    const double scale = window->GetCharHeight() / 16.0;
+    return static_cast<int>(twips / 15.0 * std::max(scale, 1.0));
+}
+
+int Padding(const wxWindow* window) {
+    return window->FromDIP(16);
+}
+
+int WidthIn(const wxWindow* window, const wxString& text, const wxFont& font) {
+    int width = 0;
+    window->GetTextExtent(text, &width, nullptr, nullptr, nullptr, &font);
+    return width;
+}
+
+// The text in lines that are no wider than that many pixels, as far as its words allow.
+wxString Wrapped(const wxString& text, const wxGrid* grid, int width) {
+    wxString lines, line;
+    for (size_t at = 0; at < text.length();) {
+        size_t end = text.find(' ', text.find_first_not_of(' ', at));
+        end = std::min(end, text.length());
+        const wxString longer = line + text.substr(at, end - at);
+        if (!line.empty() && WidthIn(grid, longer, grid->GetLabelFont()) > width) {
+            lines += line + "\n";
+            line = text.substr(at, end - at).Trim(false);
+        } else {
+            line = longer;
+        }
+        at = end;
+    }
+    return lines + line;
+}
 
 class PlainTable : public wxGridTableBase {
   public:
@@ -37,12 +74,20 @@ class PlainTable : public wxGridTableBase {
     }
     void SetValue(int, int, const wxString&) override {}
     wxString GetColLabelValue(int column) override {
-        return plain_.FixedRows() > 0 ? TextAt(0, column + plain_.FixedColumns()) : wxString();
+        return Heading(column + plain_.FixedColumns());
     }
     wxString GetRowLabelValue(int row) override {
         return plain_.FixedColumns() > 0 ? TextAt(row + plain_.FixedRows(), 0) : wxString();
     }
-    wxString GetCornerLabelValue() const override { return TextAt(0, 0); }
+    wxString GetCornerLabelValue() const override { return Heading(0); }
+
+    // A heading is wrapped in the width that the window asks for its column.
+    wxString Heading(int column) const {
+        const wxGrid* grid = GetView();
+        if (plain_.FixedRows() == 0 || grid == nullptr) return {};
+        return Wrapped(TextAt(0, column), grid,
+                       Pixels(grid, plain_.ColumnWidth(column)) - Padding(grid));
+    }
 
   private:
     void Tell(int more, int now, int appended, int deleted) {
@@ -71,12 +116,19 @@ class GridPeer : public WindowPeer {
         real_->EnableEditing(false);
         real_->DisableDragRowSize();
         real_->DisableDragCell();
-        real_->SetMinSize(wxSize(Pixels(plain.Width()), Pixels(plain.Height())));
+        real_->SetDefaultCellAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
+        real_->SetCornerLabelAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
         real_->SetColLabelAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
         real_->SetRowLabelAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
         Bind();
     }
     bool StretchesUpright() const override { return true; }
+
+    void Show(Aspect changed) override {
+        // Showing the current cell scrolls as well; what the window wants comes afterwards.
+        if (changed == Aspect::kTopRow) wantedTop_ = plain_.TopRow();
+        WindowPeer::Show(changed);
+    }
 
   protected:
     wxWindow* InputWindow() const override { return real_->GetGridWindow(); }
@@ -105,6 +157,7 @@ class GridPeer : public WindowPeer {
     }
     void UpdateAll() override {
         ShowShape();
+        FitWindow();
         ShowCell();
         ShowBlock();
     }
@@ -120,11 +173,22 @@ class GridPeer : public WindowPeer {
         real_->Bind(wxEVT_GRID_LABEL_LEFT_CLICK, [this](wxGridEvent& event) {
             Forward(&Grid::ClickCell, event.GetRow(), event.GetCol());
         });
+        // Without the focus the toolkit marks cells in a pale colour, on which the colour of marked
+        // text cannot be read.
+        InputWindow()->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+            event.Skip();
+            ShowMarkedText(wxSYS_COLOUR_HIGHLIGHTTEXT);
+        });
+        InputWindow()->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+            event.Skip();
+            ShowMarkedText(wxSYS_COLOUR_BTNTEXT);
+        });
         real_->Bind(wxEVT_GRID_RANGE_SELECTING, [](wxGridRangeSelectEvent& e) { e.Veto(); });
         real_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
             event.Skip();
             real_->CallAfter([this] { FitColumns(); });
         });
+        InputWindow()->Bind(wxEVT_KEY_DOWN, &GridPeer::KeepFromGrid, this);
         for (auto kind :
              {wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE, wxEVT_SCROLLWIN_LINEUP,
               wxEVT_SCROLLWIN_LINEDOWN, wxEVT_SCROLLWIN_PAGEUP, wxEVT_SCROLLWIN_PAGEDOWN}) {
@@ -133,6 +197,45 @@ class GridPeer : public WindowPeer {
                 real_->CallAfter([this] { ForwardScroll(); });
             });
         }
+    }
+
+    // The real grid would move its cursor without the plain one, for the blank as well.
+    void KeepFromGrid(wxKeyEvent& event) {
+        switch (event.GetKeyCode()) {
+            case WXK_SPACE:
+                if (!event.HasModifiers()) {
+                    Guard([this] {
+                        UpdateNow();
+                        plain_.Owner().KeyPress(kKeySpace);
+                    });
+                }
+                break;
+            case WXK_TAB:
+            case WXK_LEFT:
+            case WXK_NUMPAD_LEFT:
+            case WXK_RIGHT:
+            case WXK_NUMPAD_RIGHT:
+            case WXK_UP:
+            case WXK_NUMPAD_UP:
+            case WXK_DOWN:
+            case WXK_NUMPAD_DOWN:
+            case WXK_HOME:
+            case WXK_NUMPAD_HOME:
+            case WXK_END:
+            case WXK_NUMPAD_END:
+            case WXK_PAGEUP:
+            case WXK_NUMPAD_PAGEUP:
+            case WXK_PAGEDOWN:
+            case WXK_NUMPAD_PAGEDOWN:
+                break;
+            default:
+                event.Skip();
+        }
+    }
+
+    void ShowMarkedText(wxSystemColour colour) {
+        real_->SetSelectionForeground(wxSystemSettings::GetColour(colour));
+        real_->Refresh();
     }
 
     void Forward(void (Grid::*action)(int, int), int row, int column) {
@@ -150,41 +253,68 @@ class GridPeer : public WindowPeer {
                         real_->GetGridWindow()->GetClientSize().y / height);
     }
 
-    // Twips of a 96 dpi screen; what is laid out in them grows with the font.
-    int Pixels(int twips) const {
-        const double scale = real_->GetCharHeight() / 16.0;
-        return static_cast<int>(twips / 15.0 * std::max(scale, 1.0));
-    }
-
     void ShowShape() {
         const wxGridUpdateLocker lock(real_);
         table_->TakeShape();
-        const bool heading = plain_.FixedRows() > 0;
-        real_->SetColLabelSize(heading ? std::max(Pixels(plain_.RowHeight(0)), LineHeight()) : 0);
+        real_->SetColLabelSize(plain_.FixedRows() > 0 ? HeadingHeight() : 0);
         FitColumns();
     }
 
-    int LineHeight() const { return real_->GetCharHeight() + real_->FromDIP(8); }
+    int HeadingHeight() const {
+        int height = Pixels(real_, plain_.RowHeight(0));
+        for (int column = 0; column < plain_.Columns(); ++column) {
+            const int lines = table_->Heading(column).Freq('\n') + 1;
+            height = std::max(height, lines * real_->GetCharHeight() + real_->FromDIP(8));
+        }
+        return height;
+    }
+
+    // Headings have a font of their own.
+    int WidthOf(int row, int column) const {
+        if (row >= plain_.FixedRows()) {
+            const bool heading = column < plain_.FixedColumns();
+            return WidthIn(real_, ToWx(plain_.Text(row, column)),
+                           heading ? real_->GetLabelFont() : real_->GetDefaultCellFont());
+        }
+        int width = 0;
+        for (const wxString& line : wxSplit(table_->Heading(column), '\n', '\0')) {
+            width = std::max(width, WidthIn(real_, line, real_->GetLabelFont()));
+        }
+        return width;
+    }
 
     int WidthOf(int column) const {
         int text = 0;
         for (int row = 0; row < plain_.Rows(); ++row) {
-            text = std::max(text, real_->GetTextExtent(ToWx(plain_.Text(row, column))).x);
+            text = std::max(text, WidthOf(row, column));
         }
-        return std::max(Pixels(plain_.ColumnWidth(column)), text + real_->FromDIP(16));
+        return std::max(Pixels(real_, plain_.ColumnWidth(column)), text + Padding(real_));
+    }
+
+    std::vector<int> Widths() const {
+        std::vector<int> widths;
+        for (int column = 0; column < plain_.Columns(); ++column) widths.push_back(WidthOf(column));
+        return widths;
+    }
+
+    static int ScrollBar() { return wxSystemSettings::GetMetric(wxSYS_VSCROLL_X); }
+
+    // The window opens in its own size, wider where its texts need it and the screen allows it.
+    void FitWindow() {
+        const auto widths = Widths();
+        const int needed = std::accumulate(widths.begin(), widths.end(), ScrollBar());
+        const int most = wxSystemSettings::GetMetric(wxSYS_SCREEN_X) * 9 / 10;
+        real_->SetMinSize(wxSize(std::max(Pixels(real_, plain_.Width()), std::min(needed, most)),
+                                 Pixels(real_, plain_.Height())));
     }
 
     // Columns are as wide as the window asks, wider where a text needs it, and share what room is
     // left when the window is enlarged.
     void FitColumns() {
         const int fixed = plain_.FixedColumns();
-        std::vector<int> widths;
-        int total = 0;
-        for (int column = 0; column < plain_.Columns(); ++column) {
-            widths.push_back(WidthOf(column));
-            total += widths.back();
-        }
-        const int room = real_->GetClientSize().x - wxSystemSettings::GetMetric(wxSYS_VSCROLL_X);
+        auto widths = Widths();
+        const int total = std::accumulate(widths.begin(), widths.end(), 0);
+        const int room = real_->GetClientSize().x - ScrollBar();
         if (total > 0 && room > total) {
             for (int& width : widths) width = width * room / total;
         }
@@ -216,7 +346,7 @@ class GridPeer : public WindowPeer {
     }
 
     void ShowTop() {
-        const int row = plain_.TopRow() - plain_.FixedRows();
+        const int row = wantedTop_ - plain_.FixedRows();
         if (row < 0 || row >= real_->GetNumberRows()) return;
         int unit = 1;
         real_->GetScrollPixelsPerUnit(nullptr, &unit);
@@ -227,6 +357,7 @@ class GridPeer : public WindowPeer {
     Grid& plain_;
     wxGrid* real_;
     PlainTable* table_;
+    int wantedTop_ = 0;
 };
 
 }  // namespace

@@ -22,8 +22,9 @@ class WindowPeer : public Peer {
     // Shows everything once and begins to forward; called when the window is built.
     void Start();
 
-    // Whether the room of a row or column does the control good in that direction.
+    // Whether the room of a row or of a column does the control good.
     virtual bool StretchesUpright() const { return false; }
+    virtual bool StretchesAcross() const { return true; }
 
   protected:
     WindowPeer(Control& control, wxWindow* window) : control_(control), window_(window) {}

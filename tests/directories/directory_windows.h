@@ -1,0 +1,68 @@
+// What the tests of the directory windows share: data drives, the main window behind them, and a
+// person at the keyboard.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/sys_man.h"
+#include "app/system_config.h"
+#include "materiallist/material_list_table.h"
+#include "tests/support/scripted_screen.h"
+#include "tests/support/temp_drives.h"
+#include "views/application.h"
+
+namespace test {
+
+using Log = std::vector<std::string>;
+
+inline const std::string kTitle = "Quarvel System Manager";
+
+class DirectoryWindows : public ::testing::Test {
+  protected:
+    DirectoryWindows() {
+        app::TheConfig() = {};
+        app::TheConfig().NestRootDir = "\\tolvarin";
+        app::TheConfig().NestHomeDrive = "c:";
+        materiallist::ResetMaterialList();
+        for (const char* drive : {"c:", "d:"}) {
+            drives.MakeDir(std::string(drive) + "\\tolvarin\\USER\\DESIGN");
+            drives.MakeDir(std::string(drive) + "\\tolvarin\\USER\\PROD");
+        }
+        drives.MakeDir("c:\\tolvarin\\SYSTEM");
+    }
+    ~DirectoryWindows() override { materiallist::ResetMaterialList(); }
+
+    // The main window behind, as the operator has left it: kind, drive and selected directory.
+    void Prepare(app::DataKind kind, const std::string& selected = "",
+                 const std::string& drive = "c:") {
+        main.drvList.SetDrive(drive);
+        (kind == app::DataKind::kDesign ? main.optDesign : main.optProduction).SetValue(true);
+        for (int i = 0; i < main.lstDirectory.Count(); ++i) {
+            if (main.lstDirectory.Items()[static_cast<std::size_t>(i)] == selected) {
+                main.lstDirectory.SetListIndex(i);
+            }
+        }
+    }
+
+    // Opens the window and does the steps in it.
+    template <class Window>
+    void Open(const std::function<void(Window&, Keyboard&)>& steps) {
+        Window window(main);
+        screen.windows.push_back([&](views::Form&) {
+            Keyboard keyboard(window);
+            steps(window, keyboard);
+        });
+        views::Guard([&] { views::ShowModal(window); });
+        screen.windows.clear();
+    }
+
+    TempDrives drives;
+    ScriptedScreen screen;
+    app::SysMan main;
+};
+
+}  // namespace test

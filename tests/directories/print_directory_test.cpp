@@ -1,0 +1,266 @@
+// The pages of a directory listing, line by line, from real directories.
+#include "directories/print_directory.h"
+
+#include <chrono>
+#ifdef _WIN32
+#include <windows.h>
+#undef SetPrinter  // a function of the system, too
+#else
+#include <unistd.h>
+#endif
+
+#include "platform/errors.h"
+#include "tests/directories/directory_windows.h"
+#include "tests/support/environment.h"
+#include "views/view_procedures.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using app::DataKind;
+using directories::FrmPrint;
+using test::Keyboard;
+using test::kTitle;
+using test::Log;
+using Pages = std::vector<views::Printer::Page>;
+
+// Keeps its pages, or fails.
+class Printer : public views::Printer {
+  public:
+    Printer() : before_(views::SetPrinter(this)) {}
+    ~Printer() override { views::SetPrinter(before_); }
+    void ShowSetup() override { ++setups; }
+
+    std::vector<Pages> documents;
+    std::string failure;
+    int setups = 0;
+    const int* busy = nullptr;  // the depth of the busy pointer, looked at while it prints
+    int busySeen = 0;
+
+  protected:
+    void Send(const Pages& pages) override {
+        busySeen = *busy;
+        if (!failure.empty()) throw platform::FatalError(failure);
+        documents.push_back(pages);
+    }
+
+  private:
+    views::Printer* before_;
+};
+
+const std::string kJob = "c:\\tolvarin\\USER\\PROD\\JOB1\\";
+const Log kNone = {"<No files>", ""};
+
+#ifdef _WIN32
+const std::string kDate = "10/27/2026 2:05:09 PM";
+#else
+const std::string kDate = "10/27/26 14:05:09";
+#endif
+
+class PrintingListings : public test::DirectoryWindows {
+  protected:
+    PrintingListings() { printer.busy = &screen.busy; }
+
+    // A file of a size, without filling the disk, changed on 27 October 2026 at 14:05:09.
+    void MakeFile(const std::string& path, std::uintmax_t size) {
+        drives.Write(path, "");
+        fs::resize_file(drives.Path(path), size);
+        std::tm time = {};
+        time.tm_year = 126, time.tm_mon = 9, time.tm_mday = 27;
+        time.tm_hour = 14, time.tm_min = 5, time.tm_sec = 9, time.tm_isdst = -1;
+        fs::last_write_time(drives.Path(path),
+                            std::chrono::file_clock::from_sys(
+                                std::chrono::system_clock::from_time_t(std::mktime(&time))));
+    }
+    // Chooses in the dialog and presses Enter; the pages without their first two lines, which are
+    // checked here.
+    Pages Print(const std::function<void(FrmPrint&)>& choose = [](FrmPrint&) {}) {
+        printer.documents.clear();
+        Open<FrmPrint>([&](FrmPrint& window, Keyboard& keyboard) {
+            choose(window);
+            keyboard.Press(views::kKeyEnter);
+            EXPECT_FALSE(window.IsOpen());
+        });
+        if (printer.documents.size() != 1) return {};
+        Pages pages = printer.documents[0];
+        for (auto& page : pages) {
+            EXPECT_EQ(page[0].substr(0, 46), "Quarvel for Windows by Halcor.           Date ");
+            EXPECT_GE(page[0].size(), 46u + 6);
+            EXPECT_EQ(page[1], "");
+            page.erase(page.begin(), page.begin() + 2);
+        }
+        return pages;
+    }
+    // A page: what follows the date line.
+    static Log Page(const std::string& kind, const std::string& name, const Log& rest = {}) {
+        Log page = {kind, "", name + " directory", ""};
+        page.insert(page.end(), rest.begin(), rest.end());
+        return page;
+    }
+    static void Only(FrmPrint& window, const views::CheckBox& category) {
+        for (auto* box : {&window.chkComp, &window.chkGroups, &window.chkNest, &window.chkTape}) {
+            if (box != &category) box->Toggle();
+        }
+    }
+    Printer printer;
+#ifndef _WIN32
+    test::Environment language{"LC_ALL", "C"};
+#endif
+};
+
+TEST_F(PrintingListings, NamesSizesAndDatesStandInTheirColumns) {
+    MakeFile(kJob + "TAPE\\zero", 0);
+    MakeFile(kJob + "TAPE\\Hundred.tap", 100);
+    MakeFile(kJob + "TAPE\\full", 999999);
+    MakeFile(kJob + "TAPE\\MILLION", 1000000);
+    MakeFile(kJob + "TAPE\\more", 1234567);
+    MakeFile(kJob + "TAPE\\_huge", 5'000'000'001);
+    MakeFile(kJob +
+                 "TAPE\\\xDC"
+                 "ber.tap",
+             7);
+    MakeFile(kJob + "TAPE\\" + std::string(50, 'n'), 50);
+    MakeFile(kJob + "TAPE\\" + std::string(51, 'n'), 51);
+    drives.SetReadOnly(kJob + "TAPE\\more", true);
+    drives.MakeDir(kJob + "TAPE\\a.tap");
+    drives.MakeDir(kJob + "COMP");  // empty; GROUP and NEST are missing
+    Prepare(DataKind::kProduction, "job1");
+    const auto line = [](const std::string& name, const std::string& size) {
+        return name + std::string(50 - name.size(), ' ') + size + "   " + kDate;
+    };
+    Log rest = {"Components", "",      "<No files>", "",           "Groups", "",      "<No files>",
+                "",           "Nests", "",           "<No files>", "",       "Tapes", ""};
+    const Log tapes = {line("full", "999999"),
+                       line("Hundred.tap", "   100"),
+                       line("MILLION", "000000"),
+                       line("more", "234567"),
+                       line(std::string(50, 'n'), "    50"),
+                       std::string(51, 'n'),
+                       line("", "    51"),
+                       line("zero", "     0"),
+                       line("_huge", "000001"),
+                       line("\xDC"
+                            "ber.tap",
+                            "     7"),
+                       ""};
+    rest.insert(rest.end(), tapes.begin(), tapes.end());
+    EXPECT_EQ(Print(), Pages{Page("Production Data", "job1", rest)});
+    EXPECT_EQ(printer.busySeen, 1);
+    EXPECT_EQ(screen.busy, 0);
+}
+
+TEST_F(PrintingListings, HiddenFilesAreLeftOut) {
+    MakeFile(kJob + "NEST\\.hidden", 1);
+#ifdef _WIN32
+    SetFileAttributesW(drives.Path(kJob + "NEST\\.hidden").c_str(), FILE_ATTRIBUTE_HIDDEN);
+#endif
+    Prepare(DataKind::kProduction, "job1");
+    EXPECT_EQ(Print([](FrmPrint& window) { Only(window, window.chkNest); }),
+              Pages{Page("Production Data", "job1", {"Nests", "", "<No files>", ""})});
+}
+
+TEST_F(PrintingListings, EveryDirectoryHasItsPageOrOnlyTheSelectedOne) {
+    drives.MakeDir(kJob);
+    drives.MakeDir("c:\\tolvarin\\USER\\PROD\\Job2\\Comp");
+    drives.Write("c:\\tolvarin\\USER\\PROD\\notes.txt", "listed like a directory");
+    Prepare(DataKind::kProduction, "job2");
+    const auto components = [](FrmPrint& window) { Only(window, window.chkComp); };
+    const Log none = {"Components", "", "<No files>", ""};
+    EXPECT_EQ(Print(components),
+              (Pages{Page("Production Data", "job1", none), Page("Production Data", "job2", none),
+                     Page("Production Data", "notes.txt", none)}));
+    EXPECT_EQ(Print([&](FrmPrint& window) {
+                  components(window);
+                  window.optSelDir.Pick();
+              }),
+              Pages{Page("Production Data", "job2", none)});
+    EXPECT_EQ(Print([&](FrmPrint& window) {
+                  components(window);
+                  window.chkComp.Toggle();
+                  window.optSelDir.Pick();
+              }),
+              Pages{Page("Production Data", "job2")});
+}
+
+TEST_F(PrintingListings, DesignsAreOneSectionAndTheirDriveIsTheWindowsOne) {
+    MakeFile("d:\\tolvarin\\USER\\DESIGN\\PLATES\\GEOMETRY\\b.dsn", 1);
+    MakeFile("d:\\tolvarin\\USER\\DESIGN\\PLATES\\GEOMETRY\\A.dsn", 1);
+    drives.Write("d:\\tolvarin\\USER\\DESIGN\\PLATES\\COMP\\c", "of no interest");
+    Prepare(DataKind::kDesign, "plates", "d:");
+    const std::string gap(45, ' ');
+    EXPECT_EQ(Print([](FrmPrint& window) {
+                  for (const auto* box :
+                       {&window.chkComp, &window.chkGroups, &window.chkNest, &window.chkTape}) {
+                      EXPECT_FALSE(box->Enabled() || box->Value());
+                  }
+                  EXPECT_TRUE(window.optAllDir.Value());
+                  EXPECT_FALSE(window.lstSortBox.Visible());
+              }),
+              Pages{Page("Design Data", "plates",
+                         {"Designs", "", "A.dsn" + gap + "     1   " + kDate,
+                          "b.dsn" + gap + "     1   " + kDate, ""})});
+}
+
+TEST_F(PrintingListings, ManyFilesStayOnTheirPage) {
+    for (int i = 0; i < 300; ++i) {
+        drives.Write(kJob + "GROUP\\" + std::to_string(1000 + 7 * i % 300) + ".grp", "");
+    }
+    Prepare(DataKind::kProduction, "job1");
+    const Pages pages = Print([](FrmPrint& window) { Only(window, window.chkGroups); });
+    ASSERT_EQ(pages.size(), 1u);
+    ASSERT_EQ(pages[0].size(), 4u + 2 + 300 + 1);
+    for (std::size_t i = 0; i < 300; ++i) {
+        EXPECT_EQ(pages[0][6 + i].substr(0, 8), std::to_string(1000 + i) + ".grp");
+    }
+}
+
+TEST_F(PrintingListings, SetupIsThePrintersAndCancelPrintsNothing) {
+    Prepare(DataKind::kProduction);
+    Open<FrmPrint>([&](FrmPrint& window, Keyboard& keyboard) {
+        window.cmdSetup.Press();
+        EXPECT_EQ(printer.setups, 1);
+        keyboard.Press(views::kKeyEscape);
+        EXPECT_FALSE(window.IsOpen());
+    });
+    EXPECT_TRUE(printer.documents.empty());
+}
+
+TEST_F(PrintingListings, APrinterThatFailsEndsTheRunWithTheReason) {
+    drives.MakeDir(kJob);
+    Prepare(DataKind::kProduction, "job1");
+    printer.failure = "There is no printer.";
+    Print();
+    EXPECT_EQ(printer.busySeen, 1);
+    EXPECT_EQ(screen.busy, 0);  // and the box was shown with the normal pointer
+    EXPECT_EQ(screen.TakeLog(), Log{test::Box(kTitle, "There is no printer.", "OK", "critical")});
+    EXPECT_EQ(views::ExitStatus(), 1);
+    printer.failure.clear();
+    views::ResetApplication();
+    EXPECT_EQ(Print().size(), 1u);  // nothing of the first document is left
+}
+
+#ifndef _WIN32
+TEST_F(PrintingListings, AFolderThatMayNotBeReadEndsTheRun) {
+    if (geteuid() == 0) GTEST_SKIP() << "the superuser may read everything";
+    drives.MakeDir(kJob + "COMP");
+    fs::permissions(drives.Path(kJob + "COMP"), fs::perms::none);
+    Prepare(DataKind::kProduction, "job1");
+    Print();
+    EXPECT_EQ(screen.TakeLog().size(), 1u);
+    EXPECT_EQ(views::ExitStatus(), 1);
+}
+
+TEST_F(PrintingListings, SpellingsThatDifferInCaseAreDirectoriesOfTheirOwn) {
+    MakeFile("c:\\tolvarin\\USER\\PROD\\job1\\COMP\\lower", 1);
+    MakeFile("c:\\tolvarin\\USER\\PROD\\JOB1\\COMP\\UPPER", 2);
+    Prepare(DataKind::kProduction, "job1");
+    const Pages pages = Print([](FrmPrint& window) {
+        Only(window, window.chkComp);
+        window.optSelDir.Pick();
+    });
+    ASSERT_EQ(pages.size(), 1u);
+    EXPECT_EQ(pages[0][6].substr(0, 5), "lower");  // the name that is meant exactly
+}
+#endif
+
+}  // namespace

@@ -1,0 +1,88 @@
+// Dates in the forms of other languages, and details of files.
+#include "platform/date_forms.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "platform/errors.h"
+#include "platform/folder.h"
+#include "tests/support/environment.h"
+#include "tests/support/temp_drives.h"
+
+namespace {
+
+// 7 March 2026, 14:05:09, a Saturday.
+std::tm Afternoon() {
+    std::tm time = {};
+    time.tm_year = 126, time.tm_mon = 2, time.tm_mday = 7, time.tm_wday = 6, time.tm_yday = 65;
+    time.tm_hour = 14, time.tm_min = 5, time.tm_sec = 9;
+    return time;
+}
+
+TEST(DateForms, BlanksOfAnyWidthBecomePlainAndMarksGo) {
+    EXPECT_EQ(platform::SystemDateText(L"\u200E7/3/2026 2:05\u202FPM"), "7/3/2026 2:05 PM");
+    EXPECT_EQ(platform::SystemDateText(L"7\u00A0mars \u00FC"), "7 mars \xFC");
+    EXPECT_EQ(platform::SystemDateText(L"2026\u5E743\u6708"), "");  // not in the system's set
+}
+
+#ifdef _WIN32
+
+TEST(DateForms, FollowTheLanguage) {
+    const platform::DateForms german("de-DE"), american("en-US"), japanese("ja-JP");
+    EXPECT_EQ(german.ShortDate(Afternoon()), "07.03.2026");
+    EXPECT_EQ(german.GeneralDate(Afternoon()), "07.03.2026 14:05:09");
+    EXPECT_EQ(american.ShortDate(Afternoon()), "3/7/2026");
+    EXPECT_EQ(american.GeneralDate(Afternoon()), "3/7/2026 2:05:09 PM");
+    EXPECT_EQ(japanese.GeneralDate(Afternoon()), "2026/03/07 14:05:09");
+    EXPECT_EQ(platform::DateForms("no-such-language").ShortDate(Afternoon()), "03/07/2026");
+}
+
+#else
+
+TEST(DateForms, FollowTheLanguage) {
+    const platform::DateForms neutral("C"), missing("xx_XX.UTF-8");
+    EXPECT_EQ(neutral.ShortDate(Afternoon()), "03/07/26");
+    EXPECT_EQ(neutral.GeneralDate(Afternoon()), "03/07/26 14:05:09");
+    EXPECT_EQ(missing.GeneralDate(Afternoon()), "03/07/26 14:05:09");
+
+    // Languages that the machine need not be set up for.
+    const test::TempDrives drives;
+    const auto folder = drives.Folder().string();
+    const test::Environment languages("LOCPATH", folder);
+    const auto make = [&](const std::string& language, const std::string& characters) {
+        const std::string command = "localedef -i " + language + " -f " + characters + " '" +
+                                    folder + "/" + language + "." + characters +
+                                    "' >/dev/null 2>&1";
+        return std::system(command.c_str()) >= 0;
+    };
+    ASSERT_TRUE(make("de_DE", "ISO-8859-1") && make("en_US", "UTF-8") && make("ja_JP", "UTF-8"));
+    if (!std::filesystem::exists(folder + "/de_DE.ISO-8859-1"))
+        GTEST_SKIP() << "localedef is missing";
+    const platform::DateForms german("de_DE.ISO-8859-1"), american("en_US.UTF-8"),
+        japanese("ja_JP.UTF-8");
+    EXPECT_EQ(german.GeneralDate(Afternoon()), "07.03.2026 14:05:09");
+    EXPECT_EQ(american.ShortDate(Afternoon()), "03/07/2026");
+    EXPECT_EQ(american.GeneralDate(Afternoon()), "03/07/2026 02:05:09 PM");
+    EXPECT_EQ(japanese.GeneralDate(Afternoon()), "2026-03-07 14:05:09");
+
+    const test::Environment operators("LC_ALL", "de_DE.ISO-8859-1");
+    EXPECT_EQ(platform::DateForms().ShortDate(Afternoon()), "07.03.2026");
+}
+
+#endif
+
+TEST(Folder, TellsSizeAndTimeWhateverTheSpellingOfItsPath) {
+    const test::TempDrives drives;
+    drives.Write("c:\\Data\\JOB1\\a.TAP", "12345");
+    drives.MakeDir("c:\\Data\\JOB1\\sub");
+    const platform::Folder folder("c:\\DATA\\job1");
+    ASSERT_TRUE(folder.Details("a.TAP"));
+    EXPECT_EQ(folder.Details("a.TAP")->size, 5u);
+    EXPECT_GE(folder.Details("a.TAP")->changed.tm_year, 120);
+    EXPECT_FALSE(folder.Details("gone.TAP"));
+    EXPECT_FALSE(platform::Folder("c:\\data\\missing").Details("a"));
+    EXPECT_THROW(platform::Folder("x:\\data"), platform::FileError);
+}
+
+}  // namespace
