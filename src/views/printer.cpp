@@ -47,7 +47,7 @@ Printer& ThePrinter() {
     return *g_printer;
 }
 
-Printer* SetPrinter(Printer* printer) {
+Printer* InstallPrinter(Printer* printer) {
     return std::exchange(g_printer, printer);
 }
 

@@ -45,8 +45,8 @@ class PrinterSetupDialog {
     void Show() const;
 };
 
-// The one printer of the run. SetPrinter gives back the one before.
+// The one printer of the run. InstallPrinter gives back the one before.
 Printer& ThePrinter();
-Printer* SetPrinter(Printer* printer);
+Printer* InstallPrinter(Printer* printer);
 
 }  // namespace views

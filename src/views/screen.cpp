@@ -13,7 +13,7 @@ Screen& TheScreen() {
     return *g_screen;
 }
 
-Screen* SetScreen(Screen* screen) {
+Screen* InstallScreen(Screen* screen) {
     return std::exchange(g_screen, screen);
 }
 

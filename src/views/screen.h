@@ -42,9 +42,9 @@ class Screen {
     virtual void Run(Form& form) = 0;
 };
 
-// The one screen of the run. SetScreen gives back the one before.
+// The one screen of the run. InstallScreen gives back the one before.
 Screen& TheScreen();
-Screen* SetScreen(Screen* screen);
+Screen* InstallScreen(Screen* screen);
 
 // The usual boxes.
 void ShowWarning(std::string_view text, std::string_view title);  // OK, exclamation

@@ -21,6 +21,8 @@ void TextPart::Select(std::size_t start, std::size_t length) {
 }
 
 void TextPart::Edited(std::string_view value, std::size_t caret) {
+    // A text has one line: a line end that was pasted would cut a data file's line in two.
+    value = value.substr(0, value.find_first_of("\r\n"));
     const bool differs = value != text_;
     text_ = std::string(text::UntilNul(value));
     Selected(caret, 0);

@@ -25,7 +25,8 @@ class TextPart {
     void Select(std::size_t start, std::size_t length);
     void SelectAll() { Select(0, text_.size()); }
 
-    // The operator has changed the text: runs Change where it differs.
+    // The operator has changed the text: runs Change where it differs. Of a pasted text only the
+    // first line counts.
     void Edited(std::string_view text, std::size_t caret);
     // The operator has moved the caret or the selection.
     void Selected(std::size_t start, std::size_t length);

@@ -4,7 +4,7 @@
 #include <chrono>
 #ifdef _WIN32
 #include <windows.h>
-#undef SetPrinter  // a function of the system, too
+#undef InstallPrinter  // a function of the system, too
 #else
 #include <unistd.h>
 #endif
@@ -27,8 +27,8 @@ using Pages = std::vector<views::Printer::Page>;
 // Keeps its pages, or fails.
 class Printer : public views::Printer {
   public:
-    Printer() : before_(views::SetPrinter(this)) {}
-    ~Printer() override { views::SetPrinter(before_); }
+    Printer() : before_(views::InstallPrinter(this)) {}
+    ~Printer() override { views::InstallPrinter(before_); }
     void ShowSetup() override { ++setups; }
 
     std::vector<Pages> documents;

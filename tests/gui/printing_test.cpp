@@ -29,14 +29,14 @@ using Lines = std::vector<std::string>;
 
 class Printing : public ::testing::Test {
   protected:
-    Printing() : before_(views::SetPrinter(&printer)) {
+    Printing() : before_(views::InstallPrinter(&printer)) {
         views::ResetApplication();
         app::TheConfig() = {};
         app::TheConfig().NestRootDir = "\\tolvarin";
         app::TheConfig().NestHomeDrive = "c:";
         drives.MakeDir("c:\\tolvarin\\USER\\DESIGN");
     }
-    ~Printing() override { views::SetPrinter(before_); }
+    ~Printing() override { views::InstallPrinter(before_); }
 
     // Why the printer refuses a document.
     std::string Refusal() {
@@ -58,8 +58,7 @@ class Printing : public ::testing::Test {
 #ifdef _WIN32
 
 TEST_F(Printing, WithoutAPrinterTheReasonIsSaid) {
-    if (wxPrintData().IsOk()) GTEST_SKIP() << "this computer has a printer";
-    EXPECT_EQ(Refusal(), "There is no printer.");
+    EXPECT_EQ(Refusal(), wxPrintData().IsOk() ? "printed" : "There is no printer.");
 }
 
 #else

@@ -12,10 +12,10 @@
 
 namespace {
 
-// 7 March 2026, 14:05:09, a Saturday.
+// 17 November 2026, 14:05:09, a Tuesday.
 std::tm Afternoon() {
     std::tm time = {};
-    time.tm_year = 126, time.tm_mon = 2, time.tm_mday = 7, time.tm_wday = 6, time.tm_yday = 65;
+    time.tm_year = 126, time.tm_mon = 10, time.tm_mday = 17, time.tm_wday = 2, time.tm_yday = 320;
     time.tm_hour = 14, time.tm_min = 5, time.tm_sec = 9;
     return time;
 }
@@ -30,21 +30,21 @@ TEST(DateForms, BlanksOfAnyWidthBecomePlainAndMarksGo) {
 
 TEST(DateForms, FollowTheLanguage) {
     const platform::DateForms german("de-DE"), american("en-US"), japanese("ja-JP");
-    EXPECT_EQ(german.ShortDate(Afternoon()), "07.03.2026");
-    EXPECT_EQ(german.GeneralDate(Afternoon()), "07.03.2026 14:05:09");
-    EXPECT_EQ(american.ShortDate(Afternoon()), "3/7/2026");
-    EXPECT_EQ(american.GeneralDate(Afternoon()), "3/7/2026 2:05:09 PM");
-    EXPECT_EQ(japanese.GeneralDate(Afternoon()), "2026/03/07 14:05:09");
-    EXPECT_EQ(platform::DateForms("no-such-language").ShortDate(Afternoon()), "03/07/2026");
+    EXPECT_EQ(german.ShortDate(Afternoon()), "17.11.2026");
+    EXPECT_EQ(german.GeneralDate(Afternoon()), "17.11.2026 14:05:09");
+    EXPECT_EQ(american.ShortDate(Afternoon()), "11/17/2026");
+    EXPECT_EQ(american.GeneralDate(Afternoon()), "11/17/2026 2:05:09 PM");
+    EXPECT_EQ(japanese.GeneralDate(Afternoon()), "2026/11/17 14:05:09");
+    EXPECT_EQ(platform::DateForms("no-such-language").ShortDate(Afternoon()), "11/17/2026");
 }
 
 #else
 
 TEST(DateForms, FollowTheLanguage) {
     const platform::DateForms neutral("C"), missing("xx_XX.UTF-8");
-    EXPECT_EQ(neutral.ShortDate(Afternoon()), "03/07/26");
-    EXPECT_EQ(neutral.GeneralDate(Afternoon()), "03/07/26 14:05:09");
-    EXPECT_EQ(missing.GeneralDate(Afternoon()), "03/07/26 14:05:09");
+    EXPECT_EQ(neutral.ShortDate(Afternoon()), "11/17/26");
+    EXPECT_EQ(neutral.GeneralDate(Afternoon()), "11/17/26 14:05:09");
+    EXPECT_EQ(missing.GeneralDate(Afternoon()), "11/17/26 14:05:09");
 
     // Languages that the machine need not be set up for.
     const test::TempDrives drives;
@@ -61,13 +61,13 @@ TEST(DateForms, FollowTheLanguage) {
         GTEST_SKIP() << "localedef is missing";
     const platform::DateForms german("de_DE.ISO-8859-1"), american("en_US.UTF-8"),
         japanese("ja_JP.UTF-8");
-    EXPECT_EQ(german.GeneralDate(Afternoon()), "07.03.2026 14:05:09");
-    EXPECT_EQ(american.ShortDate(Afternoon()), "03/07/2026");
-    EXPECT_EQ(american.GeneralDate(Afternoon()), "03/07/2026 02:05:09 PM");
-    EXPECT_EQ(japanese.GeneralDate(Afternoon()), "2026-03-07 14:05:09");
+    EXPECT_EQ(german.GeneralDate(Afternoon()), "17.11.2026 14:05:09");
+    EXPECT_EQ(american.ShortDate(Afternoon()), "11/17/2026");
+    EXPECT_EQ(american.GeneralDate(Afternoon()), "11/17/2026 02:05:09 PM");
+    EXPECT_EQ(japanese.GeneralDate(Afternoon()), "2026-11-17 14:05:09");
 
     const test::Environment operators("LC_ALL", "de_DE.ISO-8859-1");
-    EXPECT_EQ(platform::DateForms().ShortDate(Afternoon()), "07.03.2026");
+    EXPECT_EQ(platform::DateForms().ShortDate(Afternoon()), "17.11.2026");
 }
 
 #endif

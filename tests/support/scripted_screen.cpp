@@ -43,7 +43,7 @@ const char* NameOf(views::Icon icon) {
 
 }  // namespace
 
-ScriptedScreen::ScriptedScreen() : before_(views::SetScreen(this)) {
+ScriptedScreen::ScriptedScreen() : before_(views::InstallScreen(this)) {
     views::ResetApplication();
 }
 
@@ -51,7 +51,7 @@ ScriptedScreen::~ScriptedScreen() {
     EXPECT_TRUE(answers.empty()) << "a message box was expected and not shown";
     EXPECT_TRUE(windows.empty()) << "a window was expected and not shown";
     EXPECT_EQ(busy, 0) << "the pointer is still busy";
-    views::SetScreen(before_);
+    views::InstallScreen(before_);
     views::ResetApplication();
 }
 

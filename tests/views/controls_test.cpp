@@ -174,6 +174,9 @@ TEST_F(Controls, ChangesFromCodeRunTheHandlersTheyShould) {
     EXPECT_EQ(dialog.Take(), Log{"change abc"});
     dialog.txtName.Select(2, 99);
     EXPECT_EQ(dialog.txtName.SelLength(), 1u);
+    dialog.txtName.Edited("pasted\r\n[Section]", 17);
+    EXPECT_EQ(dialog.txtName.Text(), "pasted");
+    dialog.Take();
     dialog.chkOn.SetValue(true);
     EXPECT_EQ(dialog.Take(), Log{});
     dialog.lstItems.AddItem("one");

@@ -27,11 +27,11 @@ class ToolkitApp : public wxApp {
     int OnRun() override {
         WxScreen screen;
         WxPrinter printer;
-        Screen* const screenBefore = SetScreen(&screen);
-        Printer* const printerBefore = SetPrinter(&printer);
+        Screen* const screenBefore = InstallScreen(&screen);
+        Printer* const printerBefore = InstallPrinter(&printer);
         const int status = body_();
-        SetPrinter(printerBefore);
-        SetScreen(screenBefore);
+        InstallPrinter(printerBefore);
+        InstallScreen(screenBefore);
         return status;
     }
 

@@ -178,6 +178,7 @@ class ComboPeer : public WindowPeer {
             return;
         }
         plain_.Edited(*text, static_cast<std::size_t>(real_->GetInsertionPoint()));
+        Update(Aspect::kText);
     }
 
     ComboBox& plain_;

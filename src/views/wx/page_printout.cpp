@@ -70,11 +70,11 @@ void PagePrintout::FillSheets() {
 
 void PagePrintout::GetPageInfo(int* first, int* last, int* from, int* to) {
     *first = *from = 1;
-    *last = *to = static_cast<int>(sheets_.size());
+    *last = *to = Sheets();
 }
 
 bool PagePrintout::HasPage(int sheet) {
-    return sheet >= 1 && sheet <= static_cast<int>(sheets_.size());
+    return sheet >= 1 && sheet <= Sheets();
 }
 
 bool PagePrintout::OnPrintPage(int sheet) {

@@ -18,6 +18,9 @@ class PagePrintout : public wxPrintout {
     PagePrintout(const wxString& title, const std::vector<Printer::Page>& pages)
         : wxPrintout(title), pages_(pages) {}
 
+    // How many sheets of paper the pages take; known once printing is prepared.
+    int Sheets() const { return static_cast<int>(sheets_.size()); }
+
     void OnPreparePrinting() override;
     void GetPageInfo(int* first, int* last, int* from, int* to) override;
     bool HasPage(int sheet) override;

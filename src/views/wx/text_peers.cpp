@@ -47,6 +47,7 @@ class TextBoxPeer : public WindowPeer {
             return;
         }
         plain_.Edited(*text, static_cast<std::size_t>(real_->GetInsertionPoint()));
+        Update(Aspect::kText);  // where the control took less of it
     }
 
     TextBox& plain_;

@@ -39,6 +39,23 @@ class Reasons : public wxLog {
     wxString text_;
 };
 
+// Prints all its sheets. How many there are is known only when the printer has told the size of
+// its paper, and without being told the toolkit prints none on some platforms.
+class Document : public PagePrintout {
+  public:
+    Document(const std::vector<Printer::Page>& pages, wxPrinter& printer)
+        : PagePrintout("Quarvel", pages), printer_(printer) {}
+
+    void OnPreparePrinting() override {
+        PagePrintout::OnPreparePrinting();
+        printer_.GetPrintDialogData().SetFromPage(1);
+        printer_.GetPrintDialogData().SetToPage(Sheets());
+    }
+
+  private:
+    wxPrinter& printer_;
+};
+
 wxWindow* WindowOnTop() {
     const auto last = wxTopLevelWindows.GetLast();
     return last == nullptr ? nullptr : last->GetData();
@@ -61,7 +78,7 @@ wxPrintData DataForPrinter(const wxPrintData& data) {
 void WxPrinter::Send(const std::vector<Page>& pages) {
     wxPrintDialogData dialogData(DataForPrinter(data_));
     wxPrinter printer(&dialogData);
-    PagePrintout printout("Quarvel", pages);
+    Document printout(pages, printer);
     const Reasons reasons;
     if (printer.Print(WindowOnTop(), &printout, /*prompt=*/false)) return;
     const auto text = FromWx(reasons.Text());

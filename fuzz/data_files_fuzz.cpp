@@ -1,0 +1,252 @@
+// Any bytes as each of the three data files: reading never ends in anything but a table within its
+// limits or a refusal, and what is then written, after the windows have shown it, reads back the
+// same in all that the format keeps.
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "materiallist/material_list_table.h"
+#include "materialtypes/material_type_table.h"
+#include "platform/errors.h"
+#include "process/process_file.h"
+#include "process/process_table.h"
+#include "profile/profile.h"
+#include "text/numbers.h"
+#include "text/strings.h"
+#include "views/view_procedures.h"
+
+namespace {
+
+#define REQUIRE(condition) \
+    if (!(condition)) std::abort()
+
+using profile::Profile;
+using std::string;
+
+// The names are found by hash, which no fuzzer guesses, so its bytes also stand for whole pieces.
+constexpr std::string_view kPieces[] = {
+    "\r\n",
+    "\r\n[Processes]\r\n",
+    "Process1=",
+    "Process2=",
+    "Process3=",
+    "\r\n[P1]\r\n",
+    "\r\n[P2]\r\n",
+    "P1",
+    "P2",
+    "Rapid=",
+    "LineMarkRate=",
+    "Leadin=",
+    "Leadout=",
+    "Line",
+    "Arc ",
+    "A180",
+    "Angle=",
+    "Leadoutangle=",
+    "LeadoutPercent=",
+    "LeadoutOverrun=",
+    "MajorDir=",
+    "MinorDir=",
+    "MinorOpenKerf=",
+    "Extension=",
+    "AddKerf=",
+    "Thickness1=",
+    "Thickness2=",
+    "Thickness3=",
+    "Thickness=",
+    "mm, ",
+    "Mat1=",
+    "Mat2=",
+    "Mat3=",
+    "\r\n[Mat1]\r\n",
+    "\r\n[Mat2]\r\n",
+    "\r\n[Mat3]\r\n",
+    "Type=",
+    "Process=",
+    "\r\n[Materials]\r\n",
+    "Description=",
+    "Density=",
+    "Leadoutextension=",
+};
+
+string BytesOf(FuzzedDataProvider& input) {
+    const bool plain = input.ConsumeBool();
+    string bytes = input.ConsumeRemainingBytesAsString();
+    if (plain) return bytes;
+    string pieces;
+    for (const char c : bytes) {
+        const auto piece = static_cast<std::size_t>(static_cast<unsigned char>(c) ^ 0x80);
+        pieces += piece < std::size(kPieces) ? kPieces[piece] : std::string_view(&c, 1);
+    }
+    return pieces;
+}
+
+template <std::size_t Width>
+string Shown(text::FixedText<Width>& field) {
+    const string clean = views::CleanText(field);
+    field = clean;
+    return string(text::Trim(field.View()));
+}
+
+// Quotes around a value are taken off whenever it is read.
+bool IsQuoted(std::string_view value) {
+    return value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
+           value.back() == value.front();
+}
+
+// Whether the names can all be sections of one file beside its list.
+class Names {
+  public:
+    explicit Names(const string& list) { taken_.insert(text::UpperCase(list)); }
+    void Add(const string& name) {
+        distinct_ = distinct_ && !name.empty() && !IsQuoted(name) &&
+                    taken_.insert(text::UpperCase(name)).second;
+    }
+    bool AllDistinct() const { return distinct_; }
+
+  private:
+    std::set<string> taken_;
+    bool distinct_ = true;
+};
+
+// What is left of a number after 7 digits were written.
+float Kept(float value) {
+    REQUIRE(std::isfinite(value));
+    return text::ToSingle(text::Val(text::NumberText(value)));
+}
+
+void KeepLead(text::FixedText<4>& code, std::int16_t& angle) {
+    const bool known = code.View() == process::kLeadLine || code.View() == process::kLeadArc90 ||
+                       code.View() == process::kLeadArc180;
+    if (!known) code = process::kLeadNone;
+    if (code.View() != process::kLeadLine) angle = 0;
+}
+
+// The record as the file keeps it, with the texts that the process window makes of it.
+string ShowAndKeep(process::ProcessRecord& record) {
+    const string name = Shown(record.Name);
+    Shown(record.Leadin);
+    Shown(record.Leadout);
+    KeepLead(record.Leadin, record.Angle);
+    KeepLead(record.Leadout, record.Leadoutangle);
+    record.Rapid = Kept(record.Rapid);
+    record.LineMarkRate = Kept(record.LineMarkRate);
+    if (std::abs(record.MajorDir) != 1) record.MajorDir = 0;
+    if (std::abs(record.MinorDir) != 1) record.MinorDir = 0;
+    if (std::abs(record.MinorOpenKerf) > 1) record.MinorOpenKerf = 1;
+    if (record.Extension != 1) record.Extension = 0;
+    if (record.Leadoutextension < 0) record.Leadoutextension = 0;
+    REQUIRE(record.ThicknessCount >= 0 && record.ThicknessCount <= process::MaxThicknessRows);
+    for (int k = 1; k <= record.ThicknessCount; ++k) {
+        process::ThicknessRow& row = record.Row(k);
+        for (float* value : {&row.PierceTime, &row.Feedrate, &row.DefaultLeadin, &row.NozzleSize}) {
+            REQUIRE(*value >= 0);
+            *value = Kept(*value);
+        }
+        row.Thickness = Kept(row.Thickness);
+    }
+    return name;
+}
+
+void CheckProcesses(const Profile& file) {
+    process::ProcessTable table;
+    try {
+        ReadProcesses(file, table);
+    } catch (const platform::FatalError&) {
+        REQUIRE(table.ProcessCount == 0);
+        return;
+    }
+    REQUIRE(table.ProcessCount >= 0 && table.ProcessCount <= process::MaxProcesses);
+    process::ProcessTable ranges;
+    ReadProcessRanges(file, ranges);
+    REQUIRE(ranges.ProcessCount == table.ProcessCount);
+    // First as it comes, with what the read buffer left in the names.
+    process::ProcessTable raw = table;
+    ProcessFileText(raw);
+
+    Names names("Processes");
+    for (int n = 1; n <= table.ProcessCount; ++n) {
+        const auto index = static_cast<std::size_t>(n - 1);
+        REQUIRE(ranges.ProcessThicknessMin[index] <= 0 && ranges.ProcessThicknessMax[index] >= 0);
+        names.Add(ShowAndKeep(table.Process(n)));
+    }
+    const string written = ProcessFileText(table);
+    process::ProcessTable again;
+    ReadProcesses(Profile(written), again);
+    if (!names.AllDistinct()) return;
+    REQUIRE(again.ProcessCount == table.ProcessCount);
+    for (int n = 1; n <= again.ProcessCount; ++n) ShowAndKeep(again.Process(n));
+    REQUIRE(again.Processes == table.Processes);
+    REQUIRE(ProcessFileText(again) == written);
+}
+
+void CheckMaterialTypes(const Profile& file) {
+    materialtypes::MaterialTypeTable table;
+    try {
+        ReadMaterialTypes(file, table);
+    } catch (const platform::FatalError&) {
+        REQUIRE(table.Count == 0);
+        return;
+    }
+    REQUIRE(table.Count >= 0 && table.Count <= materialtypes::MaxMaterialTypes);
+    materialtypes::MaterialTypeTable codes;
+    ReadMaterialTypeCodes(file, codes);
+    REQUIRE(codes.Count == table.Count);
+    materialtypes::MaterialTypeTable raw = table;
+    MaterialTypesText(raw);
+
+    Names names("Materials");
+    bool quoted = false;
+    const auto show = [&](materialtypes::MaterialTypeRecord& record) {
+        record.Density = Kept(record.Density);
+        quoted = quoted || IsQuoted(Shown(record.Description));
+        return Shown(record.Code);
+    };
+    for (int n = 1; n <= table.Count; ++n) names.Add(show(table.Record(n)));
+    materialtypes::MaterialTypeTable again;
+    const string written = MaterialTypesText(table);
+    ReadMaterialTypes(Profile(written), again);
+    if (!names.AllDistinct() || quoted) return;
+    REQUIRE(again.Count == table.Count);
+    for (int n = 1; n <= again.Count; ++n) show(again.Record(n));
+    REQUIRE(again.Records == table.Records);
+    REQUIRE(MaterialTypesText(again) == written);
+}
+
+void CheckMaterialList(const Profile& file) {
+    materiallist::MaterialListTable table;
+    const bool fits = ReadMaterialList(file, table);
+    REQUIRE(table.EntryCount >= 0 && table.EntryCount <= materiallist::MaxMaterialListEntries);
+    REQUIRE(fits == (table.EntryCount < materiallist::MaxMaterialListEntries));
+    MaterialListText(table, materiallist::kSystemDefaults);
+    bool plain = true;
+    for (int i = 1; i <= table.EntryCount; ++i) {
+        auto& entry = table.Entry(i);
+        const string type = Shown(entry.MaterialType);
+        plain = plain && !type.empty() && !IsQuoted(type) && !IsQuoted(Shown(entry.ProcessName));
+        entry.Thickness = entry.Thickness < 0 ? 0 : Kept(entry.Thickness);
+    }
+    materiallist::MaterialListTable again;
+    const string written = MaterialListText(table, materiallist::kExistingDirectory);
+    const bool fitsAgain = ReadMaterialList(Profile(written), again);
+    if (!plain) return;
+    REQUIRE(fitsAgain == fits);
+    REQUIRE(again.EntryCount == table.EntryCount);
+    for (int i = 1; i <= table.EntryCount; ++i) REQUIRE(again.Entry(i) == table.Entry(i));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FuzzedDataProvider input(data, size);
+    const Profile file(BytesOf(input));
+    CheckProcesses(file);
+    CheckMaterialTypes(file);
+    CheckMaterialList(file);
+    return 0;
+}
