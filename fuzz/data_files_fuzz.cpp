@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "materiallist/material_list_table.h"
 #include "materialtypes/material_type_table.h"
@@ -28,62 +29,47 @@ namespace {
 using profile::Profile;
 using std::string;
 
-// The names are found by hash, which no fuzzer guesses, so its bytes also stand for whole pieces.
-constexpr std::string_view kPieces[] = {
-    "\r\n",
-    "\r\n[Processes]\r\n",
-    "Process1=",
-    "Process2=",
-    "Process3=",
-    "\r\n[P1]\r\n",
-    "\r\n[P2]\r\n",
-    "P1",
-    "P2",
-    "Rapid=",
-    "LineMarkRate=",
-    "Leadin=",
-    "Leadout=",
-    "Line",
-    "Arc ",
-    "A180",
-    "Angle=",
-    "Leadoutangle=",
-    "LeadoutPercent=",
-    "LeadoutOverrun=",
-    "MajorDir=",
-    "MinorDir=",
-    "MinorOpenKerf=",
-    "Extension=",
-    "AddKerf=",
-    "Thickness1=",
-    "Thickness2=",
-    "Thickness3=",
-    "Thickness=",
-    "mm, ",
-    "Mat1=",
-    "Mat2=",
-    "Mat3=",
-    "\r\n[Mat1]\r\n",
-    "\r\n[Mat2]\r\n",
-    "\r\n[Mat3]\r\n",
-    "Type=",
-    "Process=",
-    "\r\n[Materials]\r\n",
-    "Description=",
-    "Density=",
-    "Leadoutextension=",
-};
+// A value that a person would type, or any.
+string Value(FuzzedDataProvider& input) {
+    constexpr std::string_view kUsual[] = {"Line", "Arc ", "A180", "0", "1", "-1", "2.5", ".5mm"};
+    const auto choice = input.ConsumeIntegralInRange<std::size_t>(0, 2 * std::size(kUsual));
+    if (choice < std::size(kUsual)) return string(kUsual[choice]);
+    return input.ConsumeRandomLengthString(80);
+}
 
-string BytesOf(FuzzedDataProvider& input) {
-    const bool plain = input.ConsumeBool();
-    string bytes = input.ConsumeRemainingBytesAsString();
-    if (plain) return bytes;
-    string pieces;
-    for (const char c : bytes) {
-        const auto piece = static_cast<std::size_t>(static_cast<unsigned char>(c) ^ 0x80);
-        pieces += piece < std::size(kPieces) ? kPieces[piece] : std::string_view(&c, 1);
+// Some of the keys, each with a value.
+void AddKeys(FuzzedDataProvider& input, string& file, const std::vector<string>& keys) {
+    for (const string& key : keys) {
+        if (input.ConsumeBool()) file += "\r\n" + key + "=" + Value(input);
     }
-    return pieces;
+}
+
+// The names are found by hash, which no fuzzer guesses, so that any bytes alone would hardly ever
+// be a table: mostly they fill one.
+string BytesOf(FuzzedDataProvider& input) {
+    if (input.ConsumeIntegralInRange(0, 7) == 0) return input.ConsumeRemainingBytesAsString();
+    string names = "[Processes]", types = "\r\n[Materials]", sections;
+    const int count = input.ConsumeIntegralInRange(0, 22);
+    for (int n = 1; n <= count; ++n) {
+        const string number = std::to_string(n);
+        const string name =
+            input.ConsumeBool() ? "P" + number : input.ConsumeRandomLengthString(70);
+        names += "\r\nProcess" + number + "=" + name;
+        types += "\r\nMat" + number + "=" + name;
+        sections += "\r\n[" + name + "]";
+        AddKeys(input, sections,
+                {"Rapid", "LineMarkRate", "Leadin", "Angle", "Leadout", "Leadoutangle",
+                 "LeadoutPercent", "LeadoutOverrun", "MajorDir", "MinorDir", "MinorOpenKerf",
+                 "Extension", "Leadoutextension", "AddKerf", "Description", "Density"});
+        const int rows = input.ConsumeIntegralInRange(0, 3);
+        for (int k = 1; k <= rows; ++k) {
+            const string row = Value(input) + "," + Value(input) + "," + Value(input);
+            sections += "\r\nThickness" + std::to_string(k) + "=" + row;
+        }
+        sections += "\r\n[Mat" + number + "]";
+        AddKeys(input, sections, {"Type", "Thickness", "Process"});
+    }
+    return names + types + sections + "\r\n" + input.ConsumeRemainingBytesAsString();
 }
 
 template <std::size_t Width>

@@ -89,7 +89,7 @@ void FrmBackup::OkClick() {
     const std::string path = config.NestHomeDrive + config.NestRootDir + "\\SYSTEM\\QVBACKUP.BAT";
     platform::ReplaceWholeFile(path, job.BatchFile());
 
-    const std::string written = "The batch file " + path + " was written but not started:\n";
+    const std::string written = "The batch file " + path + " was written.\nIt was not started: ";
     if (!job.IsPlain()) {
         views::ShowWarning(written + "the path " + job.source +
                                " has a character that the command interpreter would act on.",

@@ -39,11 +39,12 @@ std::string MaterialListPath(int source) {
 
 bool ReadMaterialList(int source) {
     const std::string path = MaterialListPath(source);
-    if (!platform::FileExists(path)) {
+    const auto file = profile::LoadDataFile(path);
+    if (!file) {
         WarnAboutFile(path, " is not found");
         return false;
     }
-    if (!ReadMaterialList(profile::Profile::Load(path), TheMaterialList())) {
+    if (!ReadMaterialList(*file, TheMaterialList())) {
         WarnAboutFile(path, " is Too big");
         return false;
     }

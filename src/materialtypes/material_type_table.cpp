@@ -52,10 +52,9 @@ std::string MaterialTypesPath() {
 }
 
 bool ReadMaterialTypes() {
-    const std::string path = MaterialTypesPath();
-    if (!platform::FileExists(path)) return false;
-    ReadMaterialTypes(profile::Profile::Load(path), TheMaterialTypes());
-    return true;
+    const auto file = profile::LoadDataFile(MaterialTypesPath());
+    if (file) ReadMaterialTypes(*file, TheMaterialTypes());
+    return file.has_value();
 }
 
 void ReadMaterialTypes(const profile::Profile& file, MaterialTypeTable& table) {
@@ -72,10 +71,9 @@ void ReadMaterialTypes(const profile::Profile& file, MaterialTypeTable& table) {
 }
 
 bool ReadMaterialTypeCodes() {
-    const std::string path = MaterialTypesPath();
-    if (!platform::FileExists(path)) return false;
-    ReadMaterialTypeCodes(profile::Profile::Load(path), TheMaterialTypes());
-    return true;
+    const auto file = profile::LoadDataFile(MaterialTypesPath());
+    if (file) ReadMaterialTypeCodes(*file, TheMaterialTypes());
+    return file.has_value();
 }
 
 void ReadMaterialTypeCodes(const profile::Profile& file, MaterialTypeTable& table) {

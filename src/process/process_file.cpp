@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "platform/errors.h"
-#include "platform/files.h"
 #include "process/process_table.h"
 #include "profile/data_file.h"
 #include "text/numbers.h"
@@ -115,13 +114,13 @@ class SectionReader {
 }  // namespace
 
 bool ReadProcessFile() {
-    const std::string path = ProcessFilePath();
-    if (!platform::FileExists(path)) {
+    const auto file = profile::LoadDataFile(ProcessFilePath());
+    if (file) {
+        ReadProcesses(*file, TheProcesses());
+    } else {
         TheProcesses().ProcessCount = 0;
-        return false;
     }
-    ReadProcesses(profile::Profile::Load(path), TheProcesses());
-    return true;
+    return file.has_value();
 }
 
 void ReadProcesses(const profile::Profile& file, ProcessTable& table) {
@@ -141,10 +140,9 @@ void ReadProcesses(const profile::Profile& file, ProcessTable& table) {
 }
 
 bool ReadProcessRanges() {
-    const std::string path = ProcessFilePath();
-    if (!platform::FileExists(path)) return false;
-    ReadProcessRanges(profile::Profile::Load(path), TheProcesses());
-    return true;
+    const auto file = profile::LoadDataFile(ProcessFilePath());
+    if (file) ReadProcessRanges(*file, TheProcesses());
+    return file.has_value();
 }
 
 void ReadProcessRanges(const profile::Profile& file, ProcessTable& table) {

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "platform/files.h"
 #include "profile/profile.h"
 
 namespace profile {
@@ -13,6 +15,13 @@ namespace profile {
 // "Mat12": names of numbered keys and sections count from 1.
 inline std::string Numbered(std::string_view name, int n) {
     return std::string(name).append(std::to_string(n));
+}
+
+// The file, opened and parsed once; nothing when there is none. Throws FileError when it cannot be
+// read.
+inline std::optional<Profile> LoadDataFile(const std::string& path) {
+    if (!platform::FileExists(path)) return std::nullopt;
+    return Profile(platform::ReadFile(path));
 }
 
 // Reads the values of one file one after the other, each cut to the 254 characters that fit.

@@ -27,7 +27,7 @@ const std::string kInsertBox =
 
 std::string NotStarted(const std::string& reason, const std::string& icon) {
     return test::Box(kTitle,
-                     "The batch file " + kBatchFile + " was written but not started:\n" + reason,
+                     "The batch file " + kBatchFile + " was written.\nIt was not started: " + reason,
                      "OK", icon);
 }
 

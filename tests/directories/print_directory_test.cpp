@@ -4,7 +4,6 @@
 #include <chrono>
 #ifdef _WIN32
 #include <windows.h>
-#undef InstallPrinter  // a function of the system, too
 #else
 #include <unistd.h>
 #endif

@@ -5,6 +5,12 @@
 #include <wx/timer.h>
 #include <wx/uiaction.h>
 
+#ifndef _WIN32
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+#endif
+
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -82,6 +88,21 @@ TEST_F(Printing, WithoutAPrintServerTheReasonIsSaidAndTheRunEnds) {
     });
     EXPECT_TRUE(views::ApplicationEnded());
     EXPECT_EQ(views::ExitStatus(), 1);
+}
+
+TEST_F(Printing, APrintServerThatSaysNothingIsNotWaitedForForEver) {
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    const std::string path = (drives.Folder() / "silent").string();
+    path.copy(address.sun_path, sizeof(address.sun_path) - 1);
+    const int listener = socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof(address)), 0);
+    ASSERT_EQ(listen(listener, 5), 0);
+    {
+        const test::Environment silent("CUPS_SERVER", path);
+        EXPECT_EQ(Refusal(), "There is no printer: the print server does not answer.");
+    }
+    close(listener);
 }
 
 // The text on the sheets of a printed document, each line as the columns of the paper show it.

@@ -11,6 +11,14 @@
 namespace process {
 namespace {
 
+// The key that answers No: a Yes/No box of Windows cannot be dismissed, one of GTK has its letters
+// only behind Alt.
+#ifdef _WIN32
+constexpr int kNo = 'N';
+#else
+constexpr int kNo = WXK_ESCAPE;
+#endif
+
 void ClickIn(wxDialog& dialog, const char* name) {
     wxWindow* real = wxWindow::FindWindowByName(name, &dialog);
     ASSERT_NE(real, nullptr) << name;

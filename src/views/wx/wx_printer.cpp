@@ -51,9 +51,15 @@ class Document : public PagePrintout {
         printer_.GetPrintDialogData().SetFromPage(1);
         printer_.GetPrintDialogData().SetToPage(Sheets());
     }
+    bool OnPrintPage(int sheet) override {
+        ++printed_;
+        return PagePrintout::OnPrintPage(sheet);
+    }
+    bool AllPrinted() const { return printed_ >= Sheets(); }
 
   private:
     wxPrinter& printer_;
+    int printed_ = 0;
 };
 
 wxWindow* WindowOnTop() {
@@ -80,7 +86,8 @@ void WxPrinter::Send(const std::vector<Page>& pages) {
     wxPrinter printer(&dialogData);
     Document printout(pages, printer);
     const Reasons reasons;
-    if (printer.Print(WindowOnTop(), &printout, /*prompt=*/false)) return;
+    const bool done = printer.Print(WindowOnTop(), &printout, /*prompt=*/false);
+    if (done ? printout.AllPrinted() : wxPrinter::GetLastError() == wxPRINTER_CANCELLED) return;
     const auto text = FromWx(reasons.Text());
     throw platform::FatalError("The printer failed." + text.value_or(""));
 }
