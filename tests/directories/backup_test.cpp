@@ -26,9 +26,9 @@ const std::string kInsertBox =
     test::Box(kTitle, "Please insert a floppy disk", "OK/Cancel", "none");
 
 std::string NotStarted(const std::string& reason, const std::string& icon) {
-    return test::Box(kTitle,
-                     "The batch file " + kBatchFile + " was written.\nIt was not started: " + reason,
-                     "OK", icon);
+    return test::Box(
+        kTitle, "The batch file " + kBatchFile + " was written.\nIt was not started: " + reason,
+        "OK", icon);
 }
 
 class BackingUp : public test::DirectoryWindows {
