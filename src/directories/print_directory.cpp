@@ -9,6 +9,7 @@ FrmPrint::FrmPrint(app::SysMan& main) : Form("frmPrint", "Print Directory Data")
     defaultButton = &cmdOK;
     closeButton = &cmdCancel;
     lstSortBox.SetVisible(false);
+    lstSortBox.neverShown = true;
 
     using namespace views;
     SetLayout(Column({

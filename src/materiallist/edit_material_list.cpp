@@ -217,6 +217,12 @@ void FrmEditMaterialList::RemoveEntry(int row) {
 }
 
 void FrmEditMaterialList::CloseClick() {
+    // As when its cell is left: a half-typed code would name nothing, and an empty one would end
+    // the list when it is loaded again.
+    if (EditState == kEditPending) {
+        CommitPending();
+        EditState = kNothingPending;
+    }
     if ((NestOptionsChanged || MaterialListChanged) &&
         views::AskYesNo("         Save Changes ?", kSaveTitle) && !Save()) {
         return;

@@ -89,7 +89,9 @@ class FrmEditMaterialList : public views::Form {
     void ShowEditor();
     void SelectCell();
     void SelectRow();
+    void DropRow();
     void CommitCell();
+    void CommitPending();
     void ValidateThickness();
     void ClampCell(int& row, int& column) const;
     void StoreCell(std::string_view value);

@@ -71,6 +71,8 @@ void FrmEditMaterialList::FillMaterialGrid() {
     for (int column = 1; column <= 3; ++column) {
         grid.SetColumnWidth(column, (grid.Width() + 500) / 4);
     }
+    grid.SetNumberColumn(0);
+    grid.SetNumberColumn(kThicknessColumn);
     grid.SetText(0, 0, "Index");
     grid.SetText(0, kTypeColumn, "Material Type Code");
     grid.SetText(0, kProcessColumn, "Process Name");
@@ -110,6 +112,7 @@ void FrmEditMaterialList::MakeCurrent(int row, int column) {
 }
 
 void FrmEditMaterialList::CellChanged() {
+    DropRow();
     if (grdMaterialList.Row() < 1) return;
     KeepRowInView();
     ShowEditor();
@@ -152,19 +155,29 @@ void FrmEditMaterialList::SelectCell() {
     }
     const int row = grid.Row();
     const int column = grid.Column();
-    if (EditState == kEditPending && !IsPending(row, column)) {
-        grid.SetCell(EditRow, EditCol, views::Grid::Handlers::kNone);
-        CommitCell();
-        // Committing may have put the thickness of the other row into the thickness editor.
-        MakeCurrent(row, column);
-    }
+    if (EditState == kEditPending && !IsPending(row, column)) CommitPending();
     grid.SetHighlight(true);
     grid.SelectBlock({row, column, row, column});
-    cmdCopy.SetEnabled(false);
-    cmdDelete.SetEnabled(false);
+    DropRow();
     SelRow = row;
     SelCol = column;
     EditState = kCellSelected;
+}
+
+// Commits the cell in which an edit is pending; the current cell stays.
+void FrmEditMaterialList::CommitPending() {
+    const int row = grdMaterialList.Row();
+    const int column = grdMaterialList.Column();
+    grdMaterialList.SetCell(EditRow, EditCol, views::Grid::Handlers::kNone);
+    CommitCell();
+    // Committing may have put the thickness of the other row into the thickness editor.
+    MakeCurrent(row, column);
+}
+
+// Whatever selects a single cell ends the selection of a row.
+void FrmEditMaterialList::DropRow() {
+    cmdCopy.SetEnabled(false);
+    cmdDelete.SetEnabled(false);
 }
 
 // A double click selects the whole row, for Copy and Delete.

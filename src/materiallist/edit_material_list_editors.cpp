@@ -91,6 +91,8 @@ void FrmEditMaterialList::ThicknessKeyDown(views::KeyEvent& event) {
         case views::kKeyEnter:
         case views::kKeyTab:
         case views::kKeyUp:
+            // Before the move, which may lead back to this cell.
+            CommitCell();
             LeaveEditor(event);
             break;
         default:
@@ -119,10 +121,12 @@ void FrmEditMaterialList::GridKeyDown(views::KeyEvent& event) {
     if (!arrow && event.key != views::kKeyTab && event.key != views::kKeyEnter) {
         // Home, End and the page keys leave the cell by the grid's own movement.
         const bool leaves = event.key >= views::kKeyPageUp && event.key <= views::kKeyHome;
-        if (leaves && IsPending(grdMaterialList.Row(), grdMaterialList.Column())) {
+        if (!leaves || event.shift != 0) return;
+        if (IsPending(grdMaterialList.Row(), grdMaterialList.Column())) {
             CommitCell();
             ShowEditor();
         }
+        DropRow();
         return;
     }
     BeginEdit();

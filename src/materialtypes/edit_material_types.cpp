@@ -92,6 +92,7 @@ void FrmEditMaterialTypes::FillMaterialTypesGrid() {
     grid.SetColumnWidth(kCode, static_cast<int>(std::lround(room / 6)));
     grid.SetColumnWidth(kDescription, static_cast<int>(std::lround(room / 3)));
     grid.SetColumnWidth(kDensity, static_cast<int>(std::lround(room / 6)));
+    grid.SetNumberColumn(kDensity);
     grid.SetText(0, kCode, "Code");
     grid.SetText(0, kDescription, "Description");
     grid.SetText(0, kDensity, "Density");

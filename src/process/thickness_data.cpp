@@ -93,6 +93,7 @@ void FrmThicknessData::FillThicknessGrid() {
     for (int column = 0; column < grid.Columns(); ++column) {
         const auto [heading, field] = kColumns[static_cast<std::size_t>(column)];
         grid.SetColumnWidth(column, columnWidth);
+        grid.SetNumberColumn(column);
         grid.SetText(0, column, heading);
         for (int row = 1; row <= process.ThicknessCount; ++row) {
             const float value = process.Row(row).*field;
@@ -108,10 +109,8 @@ void FrmThicknessData::AddClick() {
         changed_ = true;  // after Cancel, too
         editor_.CellChanged();
     }
-    if (IsFull()) {
-        grdThicknessData.SetFocus();  // not on to Delete, which asks nothing
-        cmdThkAdd.SetEnabled(false);
-    }
+    grdThicknessData.SetFocus();  // where the values of a new thickness are typed
+    if (IsFull()) cmdThkAdd.SetEnabled(false);
 }
 
 void FrmThicknessData::DeleteClick() {

@@ -59,6 +59,10 @@ void ShowModal(Form& form) {
     if (ApplicationEnded()) throw Ended();
 }
 
+const Form* TopForm() {
+    return TheRun().open.empty() ? nullptr : TheRun().open.back();
+}
+
 void EndApplication(int exitStatus) {
     if (TheRun().ended) return;
     TheRun().ended = true;

@@ -16,6 +16,9 @@ void Guard(const std::function<void()>& event);
 // Does not return when the application has ended meanwhile.
 void ShowModal(Form& form);
 
+// The window on top, which alone takes what the operator does; null before the first.
+const Form* TopForm();
+
 // Ends the run: closes every open window.
 void EndApplication(int exitStatus);
 bool ApplicationEnded();

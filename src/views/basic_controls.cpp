@@ -3,9 +3,25 @@
 #include <algorithm>
 
 #include "views/form.h"
-#include "views/view_procedures.h"
+#include "views/keys.h"
 
 namespace views {
+namespace {
+
+// -1 or 1 for an arrow key that leads back or on, 0 for any other. Ctrl makes no difference.
+int StepOf(int key, int shift) {
+    if ((shift & ~kCtrl) != 0) return 0;
+    return key == kKeyLeft || key == kKeyUp ? -1 : key == kKeyRight || key == kKeyDown ? 1 : 0;
+}
+
+// Where a control makes nothing else of the arrow keys they move the focus.
+bool MoveByArrow(Form& form, int key, int shift) {
+    const int step = StepOf(key, shift);
+    if (step != 0) form.MoveFocusBy(step);
+    return step != 0;
+}
+
+}  // namespace
 
 void Label::OnMnemonic() {
     const auto controls = Owner().Controls();
@@ -22,7 +38,7 @@ void CommandButton::Press() {
 }
 
 bool CommandButton::HandleKey(int key, int shift) {
-    if (key != kKeyEnter || shift != 0) return false;
+    if (key != kKeyEnter || shift != 0) return MoveByArrow(Owner(), key, shift);
     Press();
     return true;
 }
@@ -41,9 +57,13 @@ void CheckBox::Toggle() {
     if (onClick) onClick();
 }
 
+bool CheckBox::HandleKey(int key, int shift) {
+    return MoveByArrow(Owner(), key, shift);
+}
+
 OptionButton::OptionButton(Form& owner, std::string_view name, std::string_view caption,
                            OptionGroup& group)
-    : CaptionedControl(owner, name, caption), group_(group) {
+    : CaptionedControl(owner, name, Kind::kOption, caption), group_(group) {
     group.buttons.push_back(this);
 }
 
@@ -67,10 +87,8 @@ void OptionButton::Pick() {
 }
 
 bool OptionButton::HandleKey(int key, int shift) {
-    const int step = key == kKeyLeft || key == kKeyUp      ? -1
-                     : key == kKeyRight || key == kKeyDown ? 1
-                                                           : 0;
-    if (step == 0 || shift != 0) return false;
+    const int step = StepOf(key, shift);
+    if (step == 0) return false;
     const auto& buttons = group_.buttons;
     const auto count = static_cast<std::ptrdiff_t>(buttons.size());
     std::ptrdiff_t at = std::find(buttons.begin(), buttons.end(), this) - buttons.begin();
@@ -111,8 +129,9 @@ void SpinButton::Down() {
 }
 
 bool SpinButton::HandleKey(int key, int shift) {
-    if ((key != kKeyUp && key != kKeyDown) || shift != 0) return false;
-    key == kKeyUp ? Up() : Down();
+    const int step = StepOf(key, shift);
+    if (step == 0) return false;
+    key == kKeyUp || key == kKeyRight ? Up() : Down();
     return true;
 }
 

@@ -12,22 +12,27 @@ namespace views {
 // A text. Its mnemonic goes to the next control.
 class Label : public CaptionedControl {
   public:
-    using CaptionedControl::CaptionedControl;
+    Label(Form& owner, std::string_view name, std::string_view caption)
+        : Label(owner, name, Kind::kLabel, caption) {}
     bool TakesFocus() const override { return false; }
 
   protected:
+    Label(Form& owner, std::string_view name, Kind kind, std::string_view caption)
+        : CaptionedControl(owner, name, kind, caption) {}
     void OnMnemonic() override;
 };
 
 // A titled box around other controls. Its mnemonic goes to the first of them.
 class Frame : public Label {
   public:
-    using Label::Label;
+    Frame(Form& owner, std::string_view name, std::string_view caption)
+        : Label(owner, name, Kind::kFrame, caption) {}
 };
 
 class CommandButton : public CaptionedControl {
   public:
-    using CaptionedControl::CaptionedControl;
+    CommandButton(Form& owner, std::string_view name, std::string_view caption)
+        : CaptionedControl(owner, name, Kind::kButton, caption) {}
 
     // The operator presses it, by mouse, Space, Enter or mnemonic: the focus moves here first.
     // Nothing happens while it is disabled or hidden.
@@ -46,13 +51,15 @@ class CommandButton : public CaptionedControl {
 
 class CheckBox : public CaptionedControl {
   public:
-    using CaptionedControl::CaptionedControl;
+    CheckBox(Form& owner, std::string_view name, std::string_view caption)
+        : CaptionedControl(owner, name, Kind::kCheckBox, caption) {}
 
     bool Value() const { return value_; }
     // From code: runs no handler.
     void SetValue(bool value);
     // The operator ticks or clears it.
     void Toggle();
+    bool HandleKey(int key, int shift) override;
 
     std::function<void()> onClick;
 
@@ -101,7 +108,7 @@ class OptionButton : public CaptionedControl {
 // A pair of arrow buttons.
 class SpinButton : public Control {
   public:
-    using Control::Control;
+    SpinButton(Form& owner, std::string_view name) : Control(owner, name, Kind::kSpinButton) {}
 
     // The operator presses one of its arrows, or the arrow key while it has the focus.
     void Up();

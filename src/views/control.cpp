@@ -6,7 +6,8 @@
 
 namespace views {
 
-Control::Control(Form& owner, std::string_view name) : owner_(owner), name_(name) {
+Control::Control(Form& owner, std::string_view name, Kind kind)
+    : owner_(owner), name_(name), kind_(kind) {
     owner.Register(*this);
 }
 
@@ -36,8 +37,9 @@ bool Control::HandleKey(int, int) {
     return false;
 }
 
-CaptionedControl::CaptionedControl(Form& owner, std::string_view name, std::string_view caption)
-    : Control(owner, name), caption_(text::UntilNul(caption)) {}
+CaptionedControl::CaptionedControl(Form& owner, std::string_view name, Kind kind,
+                                   std::string_view caption)
+    : Control(owner, name, kind), caption_(text::UntilNul(caption)) {}
 
 void CaptionedControl::SetCaption(std::string_view caption) {
     caption_ = text::UntilNul(caption);

@@ -37,7 +37,7 @@ class Peer {
     virtual void Show(Aspect changed) = 0;
 };
 
-// A key that was pressed, with the state of Shift, Ctrl and Alt (see view_procedures.h).
+// A key that was pressed, with the state of Shift, Ctrl and Alt (see keys.h).
 struct KeyEvent {
     int key;
     int shift;
@@ -52,11 +52,28 @@ struct CharEvent {
 
 class Control {
   public:
-    Control(Form& owner, std::string_view name);
+    // What the mirror has a real control for.
+    enum class Kind {
+        kLabel,
+        kFrame,
+        kButton,
+        kCheckBox,
+        kOption,
+        kTextBox,
+        kListBox,
+        kDropDownList,
+        kComboBox,
+        kDriveList,
+        kSpinButton,
+        kGrid,
+    };
+
+    Control(Form& owner, std::string_view name, Kind kind);
     virtual ~Control() = default;
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
+    Kind GetKind() const { return kind_; }
     const std::string& Name() const { return name_; }
     Form& Owner() const { return owner_; }
 
@@ -81,6 +98,8 @@ class Control {
 
     // The control's own answer to a key that no handler took; true when it had one.
     virtual bool HandleKey(int key, int shift);
+    // The same for a character.
+    virtual bool HandleCharacter(char) { return false; }
     // What the mnemonic of its caption does; false where it has none.
     virtual bool HandleMnemonic(char) { return false; }
 
@@ -89,6 +108,10 @@ class Control {
         if (peer_ != nullptr) peer_->Show(aspect);
     }
 
+    // Said of a control that no layout places because it never shows: it only holds a state. A
+    // window with another one outside its layout does not open.
+    bool neverShown = false;
+
     // Size hints for the layout, in characters and lines; 0 for the natural size.
     int widthHint = 0;
     int heightHint = 0;
@@ -96,6 +119,7 @@ class Control {
   private:
     Form& owner_;
     std::string name_;
+    Kind kind_;
     Peer* peer_ = nullptr;
     bool enabled_ = true;
     bool visible_ = true;
@@ -104,7 +128,7 @@ class Control {
 // A control with a caption, in which "&" marks the mnemonic.
 class CaptionedControl : public Control {
   public:
-    CaptionedControl(Form& owner, std::string_view name, std::string_view caption);
+    CaptionedControl(Form& owner, std::string_view name, Kind kind, std::string_view caption);
 
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string_view caption);

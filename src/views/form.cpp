@@ -1,10 +1,11 @@
 #include "views/form.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "text/strings.h"
 #include "views/basic_controls.h"
-#include "views/view_procedures.h"
+#include "views/keys.h"
 
 namespace views {
 namespace {
@@ -32,6 +33,13 @@ void Form::SetCaption(std::string_view caption) {
 }
 
 void Form::Open() {
+    const auto placed = Controls();
+    for (const Control* control : registered_) {
+        if (control->neverShown) continue;
+        if (std::find(placed.begin(), placed.end(), control) == placed.end()) {
+            throw std::logic_error(name_ + ": no layout places " + control->Name());
+        }
+    }
     open_ = true;
     Load();
 }
@@ -96,6 +104,23 @@ void Form::MoveFocusBy(int step) {
     }
 }
 
+void Form::MoveFocusByPart(int step) {
+    constexpr std::size_t kParts = 3;
+    std::vector<Control*> parts[kParts];
+    std::size_t at = 0;
+    for (std::size_t i = 0; i < layout_.parts.size(); ++i) {
+        auto& part = parts[std::min(i, kParts - 1)];
+        Collect(layout_.parts[i], part);
+        if (std::find(part.begin(), part.end(), focus_) != part.end()) at = std::min(i, kParts - 1);
+    }
+    for (std::size_t tries = 1; tries < kParts; ++tries) {
+        at = (at + kParts + static_cast<std::size_t>(step)) % kParts;
+        const auto stop = std::find_if(parts[at].begin(), parts[at].end(),
+                                       [](Control* control) { return control->IsTabStop(); });
+        if (stop != parts[at].end()) return MoveFocus(*stop);
+    }
+}
+
 bool Form::KeyDown(int key, int shift) {
     Control* const control = focus_;
     if (control != nullptr) {
@@ -104,8 +129,13 @@ bool Form::KeyDown(int key, int shift) {
         if (event.handled || !open_) return true;
         if (control->HandleKey(key, shift)) return true;
     }
-    if (key == kKeyTab && (shift & ~kShift) == 0) {
-        MoveFocusBy(shift == kShift ? -1 : 1);
+    if (key == kKeyTab) {
+        // With Ctrl it does nothing, so that the toolkit does nothing of its own either.
+        if ((shift & ~kShift) == 0) MoveFocusBy(shift == kShift ? -1 : 1);
+        return true;
+    }
+    if (key == kKeyF6 && (shift & ~kShift) == 0) {
+        MoveFocusByPart(shift == kShift ? -1 : 1);
         return true;
     }
     if (key == kKeyEscape) {
@@ -121,14 +151,15 @@ bool Form::KeyDown(int key, int shift) {
         }
         return true;
     }
-    return shift == kAlt && key > kKeySpace && key < 256 && Mnemonic(static_cast<char>(key));
+    return shift == kAlt && IsLetterOrDigit(key) && Mnemonic(static_cast<char>(key));
 }
 
 bool Form::KeyPress(char character) {
-    if (focus_ == nullptr) return true;
+    Control* const control = focus_;
+    if (control == nullptr) return true;
     CharEvent event{character};
-    if (focus_->onKeyPress) focus_->onKeyPress(event);
-    return event.handled;
+    if (control->onKeyPress) control->onKeyPress(event);
+    return event.handled || !open_ || control->HandleCharacter(character);
 }
 
 bool Form::Mnemonic(char letter) {
@@ -143,11 +174,6 @@ bool Form::Mnemonic(char letter) {
 std::vector<Control*> Form::Controls() const {
     std::vector<Control*> controls;
     Collect(layout_, controls);
-    for (Control* control : registered_) {
-        if (std::find(controls.begin(), controls.end(), control) == controls.end()) {
-            controls.push_back(control);
-        }
-    }
     return controls;
 }
 

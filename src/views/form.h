@@ -33,7 +33,8 @@ class Form {
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string_view caption);
 
-    // Called by ShowModal: runs Load. A window that closes itself there is not shown.
+    // Called by ShowModal: runs Load. A window that closes itself there is not shown. Throws
+    // std::logic_error where a control is in no layout: nobody could see what it does.
     void Open();
     bool IsOpen() const { return open_; }
     // Closes the window: runs Unload once, then the caller of ShowModal goes on.
@@ -56,15 +57,22 @@ class Form {
     // As the Tab key does; backwards with Shift.
     void MoveFocusBy(int step);
 
-    // A key was pressed: KeyDown of the control with the focus, then the control's own answer, then
-    // the window's (Tab, Enter, Escape, mnemonics). True when nothing else is to come of it.
+    // To the first control of the next part of the window, as F6 does; backwards with Shift. The
+    // parts are the first two of the layout, in the grid windows the grid and its editor, and what
+    // stands below them.
+    void MoveFocusByPart(int step);
+
+    // A key was pressed (see keys.h): KeyDown of the control with the focus, then the control's own
+    // answer, then the window's (Tab, F6, Enter, Escape, mnemonics). True when nothing else is to
+    // come of it.
     bool KeyDown(int key, int shift);
-    // A character is about to reach the control with the focus; true when a handler refused it.
+    // A character was typed: KeyPress of the control with the focus, then the control takes it
+    // where no handler refused it. True when nothing else is to come of it.
     bool KeyPress(char character);
-    // Alt and a letter.
+    // Alt and a letter or digit.
     bool Mnemonic(char letter);
 
-    // Every control in the order of the layout, those that are not in it behind the others.
+    // Every control that can be seen, in the order of the layout.
     std::vector<Control*> Controls() const;
     const std::vector<Timer*>& Timers() const { return timers_; }
     const Layout& GetLayout() const { return layout_; }

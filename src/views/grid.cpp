@@ -5,12 +5,12 @@
 
 #include "text/strings.h"
 #include "views/form.h"
-#include "views/view_procedures.h"
+#include "views/keys.h"
 
 namespace views {
 
 Grid::Grid(Form& owner, std::string_view name, int width, int height)
-    : Control(owner, name), width_(width), height_(height) {
+    : Control(owner, name, Kind::kGrid), width_(width), height_(height) {
     SetShape(2, 2, 1, 1);
 }
 
@@ -32,6 +32,7 @@ void Grid::SetShape(int rows, int columns, int fixedRows, int fixedColumns) {
                   std::vector<std::string>(static_cast<std::size_t>(columns)));
     rowHeights_.assign(static_cast<std::size_t>(rows), kDefaultRowHeight);
     columnWidths_.assign(static_cast<std::size_t>(columns), kDefaultColumnWidth);
+    numberColumns_.assign(static_cast<std::size_t>(columns), false);
     topRow_ = fixedRows;
     Changed(Aspect::kShape);
     SetCell(fixedRows, fixedColumns, Handlers::kNone);
@@ -44,6 +45,11 @@ void Grid::SetRowHeight(int row, int twips) {
 
 void Grid::SetColumnWidth(int column, int twips) {
     columnWidths_[Checked(column, columns_)] = twips;
+    Changed(Aspect::kShape);
+}
+
+void Grid::SetNumberColumn(int column) {
+    numberColumns_[Checked(column, columns_)] = true;
     Changed(Aspect::kShape);
 }
 
@@ -128,6 +134,11 @@ void Grid::DoubleClickCell(int row, int column) {
 }
 
 bool Grid::HandleKey(int key, int shift) {
+    if (key == kKeySpace && shift == kCtrl) {
+        const auto& select = onDoubleClick ? onDoubleClick : onRowClick;
+        if (select && row_ >= fixedRows_) select();
+        return true;
+    }
     int row = row_;
     int column = column_;
     switch (key) {

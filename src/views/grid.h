@@ -43,6 +43,9 @@ class Grid : public Control {
     int ColumnWidth(int column) const { return columnWidths_[Checked(column, columns_)]; }
     void SetRowHeight(int row, int twips);
     void SetColumnWidth(int column, int twips);
+    // Numbers stand at the right of their column, where they can be compared.
+    void SetNumberColumn(int column);
+    bool IsNumberColumn(int column) const { return numberColumns_[Checked(column, columns_)]; }
 
     // An index outside the grid throws std::out_of_range. A text ends at its first NUL.
     const std::string& Text(int row, int column) const;
@@ -78,7 +81,8 @@ class Grid : public Control {
     // clicks. A click on the heading does nothing.
     void ClickCell(int row, int column);
     void DoubleClickCell(int row, int column);
-    // Its own movement: arrow keys, Page Up and Down, Home and End.
+    // Its own movement: arrow keys, Page Up and Down, Home and End. Ctrl+Space selects the row as a
+    // double click does, or a click on its fixed cell where a double click does nothing.
     bool HandleKey(int key, int shift) override;
 
     std::function<void()> onClick;        // a cell was clicked, it is current now
@@ -95,6 +99,7 @@ class Grid : public Control {
     int columns_ = 0, fixedRows_ = 0, fixedColumns_ = 0;
     std::vector<std::vector<std::string>> cells_;
     std::vector<int> rowHeights_, columnWidths_;
+    std::vector<bool> numberColumns_;
     int row_ = 0, column_ = 0;
     Block selection_;
     bool highlight_ = true;

@@ -6,11 +6,9 @@
 #include "platform/errors.h"
 #include "text/strings.h"
 #include "views/form.h"
+#include "views/keys.h"
 
 namespace views {
-
-ListBox::ListBox(Form& owner, std::string_view name, Order order)
-    : Control(owner, name), order_(order) {}
 
 void ListBox::AddItem(std::string_view item) {
     const std::string added(text::UntilNul(item));
@@ -58,8 +56,59 @@ void ListBox::Choose(int index) {
     SetListIndex(index);
 }
 
+bool ListBox::HandleKey(int key, int shift) {
+    constexpr int kPage = 10;  // entries
+    if ((shift & kAlt) != 0) return false;
+    int index = index_;
+    switch (key) {
+        case kKeyUp:
+        case kKeyLeft:
+            --index;
+            break;
+        case kKeyDown:
+        case kKeyRight:
+            ++index;
+            break;
+        case kKeyPageUp:
+            index -= kPage;
+            break;
+        case kKeyPageDown:
+            index += kPage;
+            break;
+        case kKeyHome:
+            index = 0;
+            break;
+        case kKeyEnd:
+            index = Count() - 1;
+            break;
+        default:
+            return false;
+    }
+    index = std::clamp(index, 0, std::max(Count() - 1, 0));
+    if (index != index_) Choose(index);
+    return true;
+}
+
+bool ListBox::HandleCharacter(char character) {
+    for (int step = 1; step <= Count(); ++step) {
+        const int index = (index_ + step) % Count();
+        const std::string_view item = items_[static_cast<std::size_t>(index)];
+        if (!text::EqualIgnoringCase(item.substr(0, 1), {&character, 1})) continue;
+        if (index != index_) Choose(index);
+        break;
+    }
+    return true;
+}
+
 ComboBox::ComboBox(Form& owner, std::string_view name, Style style)
-    : ListBox(owner, name), TextPart(this), style_(style) {}
+    : ListBox(owner, name, style == Style::kEditField ? Kind::kComboBox : Kind::kDropDownList,
+              Order::kAsAdded),
+      TextPart(this) {}
+
+bool ComboBox::HandleCharacter(char character) {
+    if (HasEditField()) Insert(character);
+    return HasEditField();
+}
 
 void ComboBox::RemoveItem(int index) {
     const bool chosen = index == ListIndex();
@@ -80,7 +129,7 @@ void ComboBox::IndexChanged() {
     Selected(0, 0);
 }
 
-DriveList::DriveList(Form& owner, std::string_view name) : Control(owner, name) {
+DriveList::DriveList(Form& owner, std::string_view name) : Control(owner, name, Kind::kDriveList) {
     Refresh();
     for (const std::string& item : items_) {
         if (item[0] == 'c') drive_ = item;

@@ -15,7 +15,8 @@ class ListBox : public Control {
   public:
     enum class Order { kAsAdded, kSorted };
 
-    ListBox(Form& owner, std::string_view name, Order order = Order::kAsAdded);
+    ListBox(Form& owner, std::string_view name, Order order = Order::kAsAdded)
+        : ListBox(owner, name, Kind::kListBox, order) {}
 
     int Count() const { return static_cast<int>(items_.size()); }
     const std::vector<std::string>& Items() const { return items_; }
@@ -32,11 +33,16 @@ class ListBox : public Control {
 
     // The operator chooses an entry.
     void Choose(int index);
+    // The arrow keys, Page Up and Down, Home and End choose; nothing is chosen by coming here.
+    bool HandleKey(int key, int shift) override;
+    // Chooses the next entry that begins with the character.
+    bool HandleCharacter(char character) override;
 
     std::function<void()> onClick;
-    std::function<void()> onDoubleClick;
 
   protected:
+    ListBox(Form& owner, std::string_view name, Kind kind, Order order)
+        : Control(owner, name, kind), order_(order) {}
     virtual void IndexChanged() {}
 
   private:
@@ -53,14 +59,14 @@ class ComboBox : public ListBox, public TextPart {
 
     ComboBox(Form& owner, std::string_view name, Style style);
 
-    bool HasEditField() const { return style_ == Style::kEditField; }
+    bool HasEditField() const { return GetKind() == Kind::kComboBox; }
+    // Its list drops down and has the keys for itself.
+    bool HandleKey(int, int) override { return false; }
+    bool HandleCharacter(char character) override;
     void RemoveItem(int index) override;
 
   protected:
     void IndexChanged() override;
-
-  private:
-    Style style_;
 };
 
 // The drives that are there and ready, one of them chosen.

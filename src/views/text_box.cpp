@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "text/strings.h"
+#include "views/keys.h"
 
 namespace views {
 
@@ -20,6 +21,17 @@ void TextPart::Select(std::size_t start, std::size_t length) {
     control_.Changed(Aspect::kSelection);
 }
 
+void TextPart::Insert(char character) {
+    const bool back = character == kKeyBackspace;
+    if (!back && static_cast<unsigned char>(character) < kKeySpace) return;  // Enter, Tab
+    std::string value = text_;
+    std::size_t at = selStart_, length = selLength_;
+    if (back && length == 0 && at > 0) --at, length = 1;
+    value.replace(at, length, back ? std::string() : std::string(1, character));
+    Edited(value, back ? at : at + 1);
+    control_.Changed(Aspect::kText);
+}
+
 void TextPart::Edited(std::string_view value, std::size_t caret) {
     // A text has one line: a line end that was pasted would cut a data file's line in two.
     value = value.substr(0, value.find_first_of("\r\n"));
@@ -32,6 +44,11 @@ void TextPart::Edited(std::string_view value, std::size_t caret) {
 void TextPart::Selected(std::size_t start, std::size_t length) {
     selStart_ = std::min(start, text_.size());
     selLength_ = std::min(length, text_.size() - selStart_);
+}
+
+bool TextBox::HandleCharacter(char character) {
+    Insert(character);
+    return true;
 }
 
 }  // namespace views

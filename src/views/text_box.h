@@ -25,8 +25,11 @@ class TextPart {
     void Select(std::size_t start, std::size_t length);
     void SelectAll() { Select(0, text_.size()); }
 
-    // The operator has changed the text: runs Change where it differs. Of a pasted text only the
-    // first line counts.
+    // The operator types a character, or Backspace: it replaces the selection, at the caret where a
+    // handler may just have put it. Runs Change where the text differs.
+    void Insert(char character);
+    // The operator has changed the text in another way (pasted, cut, deleted): runs Change where it
+    // differs. Of a pasted text only the first line counts.
     void Edited(std::string_view text, std::size_t caret);
     // The operator has moved the caret or the selection.
     void Selected(std::size_t start, std::size_t length);
@@ -45,7 +48,9 @@ class TextPart {
 
 class TextBox : public Control, public TextPart {
   public:
-    TextBox(Form& owner, std::string_view name) : Control(owner, name), TextPart(this) {}
+    TextBox(Form& owner, std::string_view name)
+        : Control(owner, name, Kind::kTextBox), TextPart(this) {}
+    bool HandleCharacter(char character) override;
 };
 
 }  // namespace views

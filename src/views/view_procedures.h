@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "text/fixed_text.h"
+#include "views/keys.h"
 
 namespace views {
 
@@ -33,13 +34,6 @@ std::string CleanText(text::FixedText<Width>& field) {
 // The display form of a number's text: "0" for a negative one, a zero in front of a fraction
 // (.5 becomes 0.5), everything else unchanged.
 std::string LeadingZeroText(std::string_view number);
-
-// Key codes and shift states of key events.
-inline constexpr int kKeyBackspace = 8, kKeyTab = 9, kKeyEnter = 13, kKeyEscape = 27,
-                     kKeySpace = 32, kKeyPageUp = 33, kKeyPageDown = 34, kKeyEnd = 35,
-                     kKeyHome = 36, kKeyLeft = 37, kKeyUp = 38, kKeyRight = 39, kKeyDown = 40,
-                     kKeyDelete = 46;
-inline constexpr int kShift = 1, kCtrl = 2, kAlt = 4;
 
 // The cell that a key leads to in the grid editors: Tab and Enter step, Ctrl and an arrow go to
 // the edge, plain Up and Down step only when `rowStep` is 1. There is no bounds check; keeping the

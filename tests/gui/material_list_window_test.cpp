@@ -26,21 +26,14 @@ class MaterialListInAWindow : public ::testing::Test {
         });
     }
     void ClickCell(int row, int column, bool twice = false) {
-        auto* grid = static_cast<wxGrid*>(test::RealOf(window.grdMaterialList));
-        test::ClickAt(
-            [=] {
-                const wxPoint corner = grid->CellToRect(row - 1, column - 1).GetTopLeft();
-                return grid->GetGridWindow()->ClientToScreen(grid->CalcScrolledPosition(corner) +
-                                                             wxPoint(8, 8));
-            },
-            twice);
+        test::ClickCell(window.grdMaterialList, row, column, twice);
     }
-    // The upper or the lower one of the arrows.
+    // The left or the right one of the arrows.
     void ClickArrow(bool up) {
         test::ClickAt([=, this] {
             wxWindow* real = test::RealOf(window.spinButton);
             const wxSize size = real->GetSize();
-            return real->ClientToScreen(wxPoint(size.x / 2, up ? size.y / 4 : size.y * 3 / 4));
+            return real->ClientToScreen(wxPoint(up ? size.x * 3 / 4 : size.x / 4, size.y / 2));
         });
     }
     test::MaterialListFiles files;

@@ -2,8 +2,15 @@
 
 #include <gtest/gtest.h>
 #include <wx/app.h>
+#include <wx/checkbox.h>
+#include <wx/choice.h>
+#include <wx/combobox.h>
+#include <wx/grid.h>
+#include <wx/listbox.h>
 #include <wx/modalhook.h>
+#include <wx/radiobut.h>
 #include <wx/stopwatch.h>
+#include <wx/textctrl.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
 #include <wx/utils.h>
@@ -11,13 +18,41 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cwchar>
+#include <utility>
 
+#include "text/code_page.h"
 #include "views/application.h"
+#include "views/basic_controls.h"
+#include "views/lists.h"
 #include "views/screen.h"
 #include "views/wx/wx_screen.h"
 
+#ifdef _WIN32
+#include <wx/msw/wrapwin.h>
+#else
+#include <gtk/gtk.h>
+#endif
+
 namespace test {
 namespace {
+
+// A list that hangs open has the keyboard for itself.
+bool ListIsOpen() {
+#ifdef _WIN32
+    return false;
+#else
+    return gtk_grab_get_current() != nullptr;
+#endif
+}
+
+#ifdef _WIN32
+bool BoxIsUp() {
+    wchar_t name[8] = L"";
+    ::GetClassNameW(::GetForegroundWindow(), name, 8);
+    return std::wcscmp(name, L"#32770") == 0;
+}
+#endif
 
 constexpr long kPatience = 20000;  // milliseconds
 
@@ -38,7 +73,12 @@ void Settle() {
 // Presses the key again and again until the box is gone: it takes the focus when it likes.
 class BoxAnswer : public wxModalDialogHook, public wxTimer {
   public:
-    explicit BoxAnswer(int key) : key_(key) { Register(); }
+    explicit BoxAnswer(int key) : key_(key) {
+        Register();
+#ifdef _WIN32
+        Enter(nullptr);  // of the platform's own box the toolkit knows nothing
+#endif
+    }
 
   protected:
     int Enter(wxDialog*) override {
@@ -47,22 +87,117 @@ class BoxAnswer : public wxModalDialogHook, public wxTimer {
         return wxID_NONE;
     }
     void Exit(wxDialog*) override {
-        Stop();
-        Unregister();
-        wxTheApp->ScheduleForDestruction(this);
+        End();
     }
     void Notify() override {
         if (waited_.Time() > kPatience) {
             std::fputs("a message box cannot be answered\n", stderr);
             std::_Exit(1);  // nothing else ends a box that nobody answers
         }
+#ifdef _WIN32
+        const bool there = BoxIsUp();
+        if (seen_ && !there) return End();
+        if (!there) return;
+        seen_ = true;
+#endif
         wxUIActionSimulator().Char(key_);
     }
 
   private:
+    void End() {
+        Stop();
+        Unregister();
+        wxTheApp->ScheduleForDestruction(this);
+    }
+
     int key_;
     wxStopWatch waited_;
+    bool seen_ = false;
 };
+
+// Whether a part of the real control has the focus.
+bool HasFocus(const wxWindow* real) {
+#ifdef _WIN32
+    const wxWindow* focus = wxWindow::FindFocus();
+    while (focus != nullptr && focus != real) focus = focus->GetParent();
+    return focus != nullptr;
+#else
+    // The toolkit loses sight of the focus when a list has hung open.
+    GtkWidget* widget = real->GetHandle();
+    GtkWidget* focus = gtk_window_get_focus(GTK_WINDOW(gtk_widget_get_toplevel(widget)));
+    return focus != nullptr && (focus == widget || gtk_widget_is_ancestor(focus, widget));
+#endif
+}
+
+std::string Shown(const wxTextEntry& real) {
+    long from = 0, to = 0;
+    real.GetSelection(&from, &to);
+    return wxString::Format("'%s' %ld-%ld", real.GetValue(), from, to).ToStdString(wxConvUTF8);
+}
+
+std::string Expected(const views::TextPart& plain) {
+    return "'" + text::ToUtf8(plain.Text()) + "' " + std::to_string(plain.SelStart()) + "-" +
+           std::to_string(plain.SelStart() + plain.SelLength());
+}
+
+std::string Marked(const wxGrid& real) {
+    std::string cells;
+    for (int row = 0; row < real.GetNumberRows(); ++row) {
+        for (int column = 0; column < real.GetNumberCols(); ++column) {
+            if (!real.IsInSelection(row, column)) continue;
+            cells += " " + std::to_string(row) + "," + std::to_string(column);
+        }
+    }
+    return "cell " + std::to_string(real.GetGridCursorRow()) + "," +
+           std::to_string(real.GetGridCursorCol()) + " marked" + cells;
+}
+
+std::string Expected(const views::Grid& plain) {
+    std::string cells;
+    const auto& block = plain.Selection();
+    for (int row = block.firstRow; plain.Highlight() && row <= block.lastRow; ++row) {
+        for (int column = block.firstColumn; column <= block.lastColumn; ++column) {
+            cells += " " + std::to_string(row - 1) + "," + std::to_string(column - 1);
+        }
+    }
+    return "cell " + std::to_string(plain.Row() - 1) + "," + std::to_string(plain.Column() - 1) +
+           " marked" + cells;
+}
+
+// What a real control shows, and what it should.
+std::pair<std::string, std::string> Compared(const views::Control& plain, const wxWindow* real) {
+    using Kind = views::Control::Kind;
+    switch (plain.GetKind()) {
+        case Kind::kCheckBox:
+            return {std::to_string(static_cast<const wxCheckBox*>(real)->GetValue()),
+                    std::to_string(static_cast<const views::CheckBox&>(plain).Value())};
+        case Kind::kOption:
+            return {std::to_string(static_cast<const wxRadioButton*>(real)->GetValue()),
+                    std::to_string(static_cast<const views::OptionButton&>(plain).Value())};
+        case Kind::kTextBox:
+            return {Shown(*static_cast<const wxTextCtrl*>(real)),
+                    Expected(static_cast<const views::TextBox&>(plain))};
+        case Kind::kComboBox:
+            return {Shown(*static_cast<const wxComboBox*>(real)),
+                    Expected(static_cast<const views::ComboBox&>(plain))};
+        case Kind::kListBox:
+        case Kind::kDropDownList: {
+            const auto& list = static_cast<const views::ListBox&>(plain);
+            const int index = plain.GetKind() == Kind::kListBox
+                                  ? static_cast<const wxListBox*>(real)->GetSelection()
+                                  : static_cast<const wxChoice*>(real)->GetSelection();
+            return {std::to_string(index), std::to_string(list.ListIndex())};
+        }
+        case Kind::kDriveList:
+            return {static_cast<const wxChoice*>(real)->GetStringSelection().ToStdString(),
+                    static_cast<const views::DriveList&>(plain).Drive()};
+        case Kind::kGrid:
+            return {Marked(*static_cast<const wxGrid*>(real)),
+                    Expected(static_cast<const views::Grid&>(plain))};
+        default:
+            return {};
+    }
+}
 
 }  // namespace
 
@@ -109,9 +244,36 @@ void ClickAt(const std::function<wxPoint()>& where, bool twice) {
     if (twice) {
         simulator.MouseDblClick();
     } else {
-        simulator.MouseClick();
+        simulator.MouseDown();
+        Until([] { return false; }, 100);
+        simulator.MouseUp();
     }
     Settle();
+}
+
+void Drag(wxPoint from, wxPoint to) {
+    wxUIActionSimulator simulator;
+    simulator.MouseMove(from);
+    simulator.MouseDown();
+    for (int part = 1; part <= 4; ++part) {
+        simulator.MouseMove(from + (to - from) * part / 4);
+        Settle();
+    }
+    simulator.MouseUp();
+    Settle();
+}
+
+wxPoint CellAt(const views::Grid& plain, int row, int column) {
+    auto* grid = static_cast<wxGrid*>(RealOf(plain));
+    const wxRect cell = grid->CellToRect(std::max(row - 1, 0), std::max(column - 1, 0));
+    const wxPoint at = grid->CalcScrolledPosition(cell.GetTopLeft()) + wxPoint(8, 8);
+    if (row == 0) return grid->GetGridColLabelWindow()->ClientToScreen(wxPoint(at.x, 8));
+    if (column == 0) return grid->GetGridRowLabelWindow()->ClientToScreen(wxPoint(8, at.y));
+    return grid->GetGridWindow()->ClientToScreen(at);
+}
+
+void ClickCell(const views::Grid& grid, int row, int column, bool twice) {
+    ClickAt([&] { return CellAt(grid, row, column); }, twice);
 }
 
 void Key(int key, int modifiers) {
@@ -123,13 +285,29 @@ void Type(const char* text) {
     for (; *text != '\0'; ++text) Key(*text);
 }
 
-bool Until(const std::function<bool()>& condition) {
+bool Until(const std::function<bool()>& condition, long milliseconds) {
     const wxStopWatch watch;
     while (!condition()) {
-        if (watch.Time() > kPatience) return false;
+        if (watch.Time() > milliseconds) return false;
         Settle();
     }
     return true;
+}
+
+std::string Differences(const views::Form& form) {
+    std::string found;
+    for (const views::Control* plain : form.Controls()) {
+        const wxWindow* real = RealOf(*plain);
+        if (real == nullptr) return plain->Name() + " has no window";
+        const auto [shown, expected] = Compared(*plain, real);
+        if (shown != expected) found += plain->Name() + ": " + shown + ", not " + expected + "\n";
+        if (real->IsThisEnabled() != plain->Enabled()) found += plain->Name() + ": enabled\n";
+        if (real->IsShown() != plain->Visible()) found += plain->Name() + ": visible\n";
+        if (plain->HasFocus() != HasFocus(real) && plain->TakesFocus() && !ListIsOpen()) {
+            found += plain->Name() + (plain->HasFocus() ? " lacks" : " has") + " the focus\n";
+        }
+    }
+    return found;
 }
 
 void AnswerNextBox(bool yes) {

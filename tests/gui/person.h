@@ -4,9 +4,11 @@
 #include <wx/gdicmn.h>
 
 #include <functional>
+#include <string>
 
 #include "views/control.h"
 #include "views/form.h"
+#include "views/grid.h"
 
 class wxWindow;
 
@@ -18,10 +20,15 @@ void WorkIn(views::Form& form, const std::function<void()>& steps);
 // The real window of a control of the form that WorkIn shows.
 wxWindow* RealOf(const views::Control& control);
 
+// The button is held down for a tenth of a second, as a hand does.
 void Click(const views::Control& control);
 // At a point of the screen, which is asked for again until it stays: windows still move a little
 // when they have just appeared.
 void ClickAt(const std::function<wxPoint()>& where, bool twice = false);
+void Drag(wxPoint from, wxPoint to);
+// A cell of a grid; row 0 and column 0 are the headings.
+wxPoint CellAt(const views::Grid& grid, int row, int column);
+void ClickCell(const views::Grid& grid, int row, int column, bool twice = false);
 // Keys of the toolkit (WXK_TAB, 'A'), with wxMOD_SHIFT and so on.
 void Key(int key, int modifiers = 0);
 // Letters, digits and the point.
@@ -29,7 +36,10 @@ void Type(const char* text);
 
 // Lets the events at hand be handled until the condition holds; false when it does not in a time
 // that no machine needs.
-bool Until(const std::function<bool()>& condition);
+bool Until(const std::function<bool()>& condition, long milliseconds = 20000);
+
+// What the real controls of the window on top show other than their plain ones, in words.
+std::string Differences(const views::Form& form);
 
 // Answers the next message box with Yes (or OK) or with No, by keyboard, as soon as it is there.
 void AnswerNextBox(bool yes);

@@ -127,12 +127,11 @@ TEST_F(MaterialListCommands, APendingEditGoesWithItsRow) {
         views::Grid& grid = window.grdMaterialList;
         grid.DoubleClickCell(2, 1);
         keyboard.Type("q");
-        grid.SetCell(2, 2);
         window.cmdDelete.Press();
         EXPECT_EQ(test::EntryText(2), "XX|PLASMA|3");  // its type is not taken for the one typed
         grid.DoubleClickCell(2, 1);
         keyboard.Type("w");
-        grid.SetCell(1, 2);
+        grid.DoubleClickCell(1, 2);
         window.cmdDelete.Press();
         EXPECT_EQ(test::EntryText(1), "Wear 400|PLASMA|3");  // moved up, and committed there
         EXPECT_EQ(test::EntryText(2), "YY|PLASMA|4");

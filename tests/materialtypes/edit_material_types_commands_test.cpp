@@ -46,7 +46,7 @@ TEST_F(MaterialTypesWindow, AddsTypes) {
         for (const int column : {0, 1, 2}) Click(1, column);
         Type("x");
         Press(views::kKeyEnter);
-        Press(views::kKeyDelete);
+        Press(views::kKeyOther);
         EXPECT_EQ(Text(1, 1) + Text(1, 2) + Box(), "");
         EXPECT_EQ(window->grdMaterialTypes.Row(), 1);
         EXPECT_FALSE(window->cmdDelete.Enabled());

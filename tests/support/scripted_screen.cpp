@@ -7,8 +7,7 @@
 
 #include "views/application.h"
 #include "views/basic_controls.h"
-#include "views/text_box.h"
-#include "views/view_procedures.h"
+#include "views/keys.h"
 
 namespace test {
 namespace {
@@ -104,33 +103,17 @@ void Keyboard::Press(int key, int shift) {
                 return check->Toggle();
             }
         }
-        if (key == views::kKeyBackspace && !form_.KeyPress('\b')) Insert('\b');
+        if (key == views::kKeyBackspace) form_.KeyPress('\b');
     });
 }
 
 void Keyboard::Type(std::string_view text) {
     for (char c : text) {
         views::Guard([&] {
-            if (form_.KeyDown(std::toupper(static_cast<unsigned char>(c)), 0)) return;
-            if (!form_.KeyPress(c)) Insert(c);
+            const int key = std::toupper(static_cast<unsigned char>(c));
+            const bool named = views::IsLetterOrDigit(key) || key <= views::kKeySpace;
+            if (!form_.KeyDown(named ? key : views::kKeyOther, 0)) form_.KeyPress(c);
         });
-    }
-}
-
-void Keyboard::Insert(char character) {
-    auto* box = dynamic_cast<views::TextPart*>(form_.Focus());
-    if (box == nullptr) return;
-    std::string text = box->Text();
-    std::size_t at = box->SelStart();
-    std::size_t length = box->SelLength();
-    if (character == '\b') {
-        if (length == 0 && at > 0) {
-            --at;
-            length = 1;
-        }
-        box->Edited(text.erase(at, length), at);
-    } else {
-        box->Edited(text.replace(at, length, 1, character), at + 1);
     }
 }
 

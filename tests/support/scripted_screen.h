@@ -51,15 +51,12 @@ class Keyboard {
   public:
     explicit Keyboard(views::Form& form) : form_(form) {}
 
-    // Presses a key (see view_procedures.h), with what follows from it: a character typed into a
-    // text box replaces the selection there, Backspace and Delete remove.
+    // Presses a key (see keys.h), with what follows from it.
     void Press(int key, int shift = 0);
-    // Types characters.
+    // Types characters: each is a key, which has a meaning or not, and then a character.
     void Type(std::string_view text);
 
   private:
-    void Insert(char character);
-
     views::Form& form_;
 };
 

@@ -235,6 +235,8 @@ TEST_F(Controls, DriveListRefusesWhatIsNotThere) {
 TEST_F(Controls, GridKeepsItsCellInsideAndTellsWhatWasClicked) {
     views::Grid grid(dialog, "grdData", 6000, 3000);
     grid.SetShape(4, 3, 1, 1);
+    EXPECT_THROW(dialog.Open(), std::logic_error) << "no layout places it";
+    grid.neverShown = true;
     Log log;
     const auto note = [&](const char* what) {
         return [&log, &grid, what] {

@@ -10,6 +10,10 @@
 #include "views/wx/wx_printer.h"
 #include "views/wx/wx_screen.h"
 
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
 namespace views::mirror {
 namespace {
 
@@ -20,6 +24,10 @@ class ToolkitApp : public wxApp {
     bool OnInit() override {
         SetAppName("quarvel-sysman");
         SetExitOnFrameDelete(false);
+#ifdef __WXGTK__
+        // Scroll bars that show only under the mouse tell nobody that there are more rows.
+        g_object_set(gtk_settings_get_default(), "gtk-overlay-scrolling", FALSE, nullptr);
+#endif
         return true;
     }
 

@@ -4,64 +4,24 @@
 #include <wx/frame.h>
 #include <wx/icon.h>
 #include <wx/panel.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
+
+#include <algorithm>
+#include <utility>
 
 #include "packaging/sysman.xpm"
 #include "views/application.h"
 #include "views/basic_controls.h"
-#include "views/view_procedures.h"
 #include "views/wx/convert.h"
+#include "views/wx/keys.h"
 
 namespace views::mirror {
 namespace {
 
 constexpr int kGap = 6;      // pixels between controls at 96 dpi
 constexpr int kMargin = 10;  // around the contents of a window
-
-// The system's key codes and shift states of the toolkit's.
-int KeyOf(const wxKeyEvent& event) {
-    switch (event.GetKeyCode()) {
-        case WXK_NUMPAD_ENTER:
-            return kKeyEnter;
-        case WXK_PAGEUP:
-        case WXK_NUMPAD_PAGEUP:
-            return kKeyPageUp;
-        case WXK_PAGEDOWN:
-        case WXK_NUMPAD_PAGEDOWN:
-            return kKeyPageDown;
-        case WXK_END:
-        case WXK_NUMPAD_END:
-            return kKeyEnd;
-        case WXK_HOME:
-        case WXK_NUMPAD_HOME:
-            return kKeyHome;
-        case WXK_LEFT:
-        case WXK_NUMPAD_LEFT:
-            return kKeyLeft;
-        case WXK_UP:
-        case WXK_NUMPAD_UP:
-            return kKeyUp;
-        case WXK_RIGHT:
-        case WXK_NUMPAD_RIGHT:
-            return kKeyRight;
-        case WXK_DOWN:
-        case WXK_NUMPAD_DOWN:
-            return kKeyDown;
-        case WXK_DELETE:
-        case WXK_NUMPAD_DELETE:
-            return kKeyDelete;
-        default:
-            break;
-    }
-    // Codes above are the toolkit's own, for keys that the system gives no meaning.
-    return event.GetKeyCode() < 256 ? event.GetKeyCode() : 0;
-}
-
-int ShiftOf(const wxKeyEvent& event) {
-    return (event.ShiftDown() ? kShift : 0) | (event.ControlDown() ? kCtrl : 0) |
-           (event.AltDown() ? kAlt : 0);
-}
 
 wxTopLevelWindow* MakeWindow(const Form& form, wxWindow* parent) {
     const long resize = form.resizable ? wxRESIZE_BORDER | wxMAXIMIZE_BOX : 0;
@@ -70,21 +30,24 @@ wxTopLevelWindow* MakeWindow(const Form& form, wxWindow* parent) {
         return new wxFrame(nullptr, wxID_ANY, ToWx(form.Caption()), wxDefaultPosition,
                            wxDefaultSize, style | resize);
     }
-    return new wxDialog(parent, wxID_ANY, ToWx(form.Caption()), wxDefaultPosition, wxDefaultSize,
-                        wxDEFAULT_DIALOG_STYLE | resize);
+    auto* dialog = new wxDialog(parent, wxID_ANY, ToWx(form.Caption()), wxDefaultPosition,
+                                wxDefaultSize, wxDEFAULT_DIALOG_STYLE);
+    // Only now: made with a border for sizing, a dialog on Windows has a grip in its corner, which
+    // covers what stands there.
+    dialog->SetWindowStyleFlag(dialog->GetWindowStyleFlag() | resize);
+    return dialog;
 }
 
 }  // namespace
 
 FormWindow::FormWindow(Form& form, wxWindow* parent)
     : form_(form), window_(MakeWindow(form, parent)) {
-    window_->SetIcon(wxICON(sysman));
     Build();
     form.SetPeer(this);
     window_->Bind(wxEVT_CHAR_HOOK, &FormWindow::ForwardKey, this);
     window_->Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
         event.Veto();  // the form decides
-        Guard([this] { form_.RequestClose(); });
+        Deliver(form_, [this] { form_.RequestClose(); });
     });
 }
 
@@ -110,6 +73,7 @@ void FormWindow::Build() {
     for (auto& [plain, peer] : peers_) peer->Start();
     // By the size inside the frame: that of its border is known only when it is shown.
     window_->GetSizer()->SetSizeHints(window_);
+    ShowWholeTitle();
     form_.width = window_->GetSize().x;
     form_.height = window_->GetSize().y;
 }
@@ -190,17 +154,33 @@ WindowPeer& FormWindow::Make(Control& control, wxWindow* parent) {
     return *peer;
 }
 
+WindowPeer* FormWindow::PeerOf(const Control* control) const {
+    const auto found = peers_.find(control);
+    return found == peers_.end() ? nullptr : found->second.get();
+}
+
 wxWindow* FormWindow::WindowOf(const Control& control) const {
-    const auto found = peers_.find(&control);
-    return found == peers_.end() ? nullptr : found->second->Window();
+    const WindowPeer* peer = PeerOf(&control);
+    return peer == nullptr ? nullptr : peer->Window();
+}
+
+// A small dialog is no narrower than its title with the buttons beside it.
+void FormWindow::ShowWholeTitle() {
+    constexpr int kButtons = 130;  // pixels at 96 dpi, for an icon and up to three of them
+    const int title = window_->GetTextExtent(window_->GetTitle()).x + window_->FromDIP(kButtons);
+    const int most = wxSystemSettings::GetMetric(wxSYS_SCREEN_X) / 2;
+    const wxSize least(std::max(window_->GetMinSize().x, std::min(title, most)),
+                       window_->GetMinSize().y);
+    window_->SetMinSize(least);
+    window_->SetSize(wxSize(std::max(window_->GetSize().x, least.x), window_->GetSize().y));
 }
 
 void FormWindow::StartTimers() {
     for (Timer* plain : form_.Timers()) {
         if (plain->Interval() <= 0) continue;
         auto timer = std::make_unique<wxTimer>();
-        timer->Bind(wxEVT_TIMER, [plain](wxTimerEvent&) {
-            if (plain->onTimer) Guard(plain->onTimer);
+        timer->Bind(wxEVT_TIMER, [this, plain](wxTimerEvent&) {
+            if (plain->onTimer) Deliver(form_, plain->onTimer);
         });
         timer->Start(plain->Interval());
         timers_.push_back(std::move(timer));
@@ -211,7 +191,10 @@ void FormWindow::Run() {
     window_->Move(form_.left, form_.top);
     StartTimers();
     window_->Bind(wxEVT_MOVE, &FormWindow::Place, this);
-    window_->CallAfter([this] { Guard([this] { form_.Activate(); }); });
+    window_->CallAfter([this] {
+        Deliver(form_, [this] { form_.Activate(); });
+        window_->SetIcon(wxICON(sysman));  // after the first picture, which need not wait for it
+    });
     if (auto* dialog = dynamic_cast<wxDialog*>(window_)) {
         if (!closed_) dialog->ShowModal();
         return;
@@ -245,11 +228,16 @@ void FormWindow::Close() {
 }
 
 void FormWindow::ForwardKey(wxKeyEvent& event) {
-    const int key = KeyOf(event);
-    // An open drop-down list or menu has the keys for itself.
+    WindowPeer* const peer = PeerOf(form_.Focus());
+    const auto key = KeyOf(event);
+    if (!key || (peer != nullptr && peer->HasKeys())) return event.Skip();
+    if (peer != nullptr) peer->Look();
     bool handled = false;
-    if (key != 0) Guard([&] { handled = form_.KeyDown(key, ShiftOf(event)); });
-    if (!handled) event.Skip();
+    Deliver(form_, [&] { handled = form_.KeyDown(*key, ShiftOf(event)); });
+    if (handled || closed_) return;
+    // What the toolkit makes of the key is seen afterwards.
+    if (peer != nullptr) peer->Look();
+    event.Skip();
 }
 
 }  // namespace views::mirror

@@ -40,7 +40,9 @@ class FormWindow : public FormPeer {
     wxSizer* ArrangeFrame(const Layout& layout, wxWindow* parent);
     void AddTo(wxSizer* sizer, const Layout& part, wxWindow* parent, bool upright, int gap);
     WindowPeer& Make(Control& control, wxWindow* parent);
+    WindowPeer* PeerOf(const Control* control) const;
     void ForwardKey(wxKeyEvent& event);
+    void ShowWholeTitle();
     void StartTimers();
     void Place(wxMoveEvent& event);
 

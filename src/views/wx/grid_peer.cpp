@@ -8,10 +8,9 @@
 #include <algorithm>
 #include <numeric>
 
-#include "views/application.h"
 #include "views/form.h"
 #include "views/grid.h"
-#include "views/view_procedures.h"
+#include "views/keys.h"
 #include "views/wx/convert.h"
 #include "views/wx/peer.h"
 
@@ -52,9 +51,35 @@ wxString Wrapped(const wxString& text, const wxGrid* grid, int width) {
     return lines + line;
 }
 
+// Draws the headings of columns with numbers above the numbers.
+class Headings : public wxGridCellAttrProvider {
+  public:
+    explicit Headings(const Grid& plain) : plain_(plain) {}
+    const wxGridColumnHeaderRenderer& GetColumnHeaderRenderer(int column) override {
+        return plain_.IsNumberColumn(column + plain_.FixedColumns()) ? right_ : left_;
+    }
+
+  private:
+    struct Renderer : wxGridColumnHeaderRendererDefault {
+        explicit Renderer(int alignment) : horizontal(alignment) {}
+        void DrawLabel(const wxGrid& grid, wxDC& dc, const wxString& value, const wxRect& rect, int,
+                       int vertical, int orientation) const override {
+            wxGridColumnHeaderRendererDefault::DrawLabel(grid, dc, value, rect, horizontal,
+                                                         vertical, orientation);
+        }
+        int horizontal;
+    };
+
+    const Grid& plain_;
+    Renderer left_{wxALIGN_LEFT}, right_{wxALIGN_RIGHT};
+};
+
 class PlainTable : public wxGridTableBase {
   public:
-    explicit PlainTable(const Grid& plain) : plain_(plain) { TakeShape(); }
+    explicit PlainTable(const Grid& plain) : plain_(plain) {
+        SetAttrProvider(new Headings(plain));
+        TakeShape();
+    }
 
     // The real grid learns of added and removed rows by messages only.
     void TakeShape() {
@@ -116,10 +141,7 @@ class GridPeer : public WindowPeer {
         real_->EnableEditing(false);
         real_->DisableDragRowSize();
         real_->DisableDragCell();
-        real_->SetDefaultCellAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
-        real_->SetCornerLabelAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
         real_->SetColLabelAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
-        real_->SetRowLabelAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
         Bind();
     }
     bool StretchesUpright() const override { return true; }
@@ -173,6 +195,13 @@ class GridPeer : public WindowPeer {
         real_->Bind(wxEVT_GRID_LABEL_LEFT_CLICK, [this](wxGridEvent& event) {
             Forward(&Grid::ClickCell, event.GetRow(), event.GetCol());
         });
+        real_->Bind(wxEVT_GRID_LABEL_LEFT_DCLICK, [this](wxGridEvent& event) {
+            Forward(&Grid::DoubleClickCell, event.GetRow(), event.GetCol());
+        });
+        // Dragging marks nothing: the commands know of one cell or one row only.
+        for (wxWindow* part : {real_->GetGridWindow(), real_->GetGridRowLabelWindow()}) {
+            part->Bind(wxEVT_MOTION, [](wxMouseEvent& event) { event.Skip(!event.LeftIsDown()); });
+        }
         // Without the focus the toolkit marks cells in a pale colour, on which the colour of marked
         // text cannot be read.
         InputWindow()->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
@@ -183,7 +212,14 @@ class GridPeer : public WindowPeer {
             event.Skip();
             ShowMarkedText(wxSYS_COLOUR_BTNTEXT);
         });
-        real_->Bind(wxEVT_GRID_RANGE_SELECTING, [](wxGridRangeSelectEvent& e) { e.Veto(); });
+        // A click beside the cells is a click on the grid too, if on no cell of it.
+        for (wxWindow* part : {real_->GetGridWindow(), real_->GetGridRowLabelWindow(),
+                               real_->GetGridColLabelWindow(), real_->GetGridCornerLabelWindow()}) {
+            part->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+                Deliver([this] { plain_.SetFocus(); });
+                event.Skip();
+            });
+        }
         real_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
             event.Skip();
             real_->CallAfter([this] { FitColumns(); });
@@ -199,37 +235,14 @@ class GridPeer : public WindowPeer {
         }
     }
 
-    // The real grid would move its cursor without the plain one, for the blank as well.
+    // The real grid would move its cursor and mark cells without the plain one. A key that may
+    // become a character has to go on, though, or no character comes of it.
     void KeepFromGrid(wxKeyEvent& event) {
-        switch (event.GetKeyCode()) {
-            case WXK_SPACE:
-                if (!event.HasModifiers()) {
-                    Guard([this] {
-                        UpdateNow();
-                        plain_.Owner().KeyPress(kKeySpace);
-                    });
-                }
-                break;
-            case WXK_TAB:
-            case WXK_LEFT:
-            case WXK_NUMPAD_LEFT:
-            case WXK_RIGHT:
-            case WXK_NUMPAD_RIGHT:
-            case WXK_UP:
-            case WXK_NUMPAD_UP:
-            case WXK_DOWN:
-            case WXK_NUMPAD_DOWN:
-            case WXK_HOME:
-            case WXK_NUMPAD_HOME:
-            case WXK_END:
-            case WXK_NUMPAD_END:
-            case WXK_PAGEUP:
-            case WXK_NUMPAD_PAGEUP:
-            case WXK_PAGEDOWN:
-            case WXK_NUMPAD_PAGEDOWN:
-                break;
-            default:
-                event.Skip();
+        const bool command = event.ControlDown() != event.AltDown();
+        if (event.GetKeyCode() == WXK_SPACE && !event.HasModifiers()) {
+            Deliver([this] { plain_.Owner().KeyPress(kKeySpace); });
+        } else if (!command && !event.IsKeyInCategory(WXK_CATEGORY_NAVIGATION | WXK_CATEGORY_TAB)) {
+            event.Skip();
         }
     }
 
@@ -239,8 +252,7 @@ class GridPeer : public WindowPeer {
     }
 
     void Forward(void (Grid::*action)(int, int), int row, int column) {
-        Guard([&] {
-            UpdateNow();
+        Deliver([&] {
             // A heading has the number -1.
             (plain_.*action)(row + plain_.FixedRows(), column + plain_.FixedColumns());
         });
@@ -257,7 +269,19 @@ class GridPeer : public WindowPeer {
         const wxGridUpdateLocker lock(real_);
         table_->TakeShape();
         real_->SetColLabelSize(plain_.FixedRows() > 0 ? HeadingHeight() : 0);
+        const int fixed = plain_.FixedColumns();
+        real_->SetCornerLabelAlignment(SideOf(0), wxALIGN_CENTRE);
+        real_->SetRowLabelAlignment(SideOf(0), wxALIGN_CENTRE);
+        for (int column = fixed; column < plain_.Columns(); ++column) {
+            auto* attributes = new wxGridCellAttr;
+            attributes->SetAlignment(SideOf(column), wxALIGN_CENTRE);
+            real_->SetColAttr(column - fixed, attributes);
+        }
         FitColumns();
+    }
+
+    int SideOf(int column) const {
+        return plain_.IsNumberColumn(column) ? wxALIGN_RIGHT : wxALIGN_LEFT;
     }
 
     int HeadingHeight() const {
@@ -308,13 +332,20 @@ class GridPeer : public WindowPeer {
                                  Pixels(real_, plain_.Height())));
     }
 
+    // For the columns, beside the scroll bar that the rows need or not.
+    int Room() const {
+        const wxSize inside = real_->GetSize() - real_->GetWindowBorderSize();
+        const int rows = real_->GetNumberRows() * real_->GetDefaultRowSize();
+        return inside.x - (rows > inside.y - real_->GetColLabelSize() ? ScrollBar() : 0);
+    }
+
     // Columns are as wide as the window asks, wider where a text needs it, and share what room is
     // left when the window is enlarged.
     void FitColumns() {
         const int fixed = plain_.FixedColumns();
         auto widths = Widths();
         const int total = std::accumulate(widths.begin(), widths.end(), 0);
-        const int room = real_->GetClientSize().x - ScrollBar();
+        const int room = Room();
         if (total > 0 && room > total) {
             for (int& width : widths) width = width * room / total;
         }

@@ -2,14 +2,48 @@
 
 #include <wx/utils.h>
 
-#include "text/code_page.h"
+#include <utility>
+
 #include "views/application.h"
 #include "views/form.h"
-#include "views/view_procedures.h"
+#include "views/wx/keys.h"
+
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#else
+#include <wx/access.h>
+#include <wx/msw/wrapwin.h>
+#endif
 
 namespace views::mirror {
+namespace {
+
+// The peers whose real and plain controls may be out of step.
+std::set<WindowPeer*>& Owing() {
+    static std::set<WindowPeer*> owing;
+    return owing;
+}
+
+int g_boxes = 0;
+
+}  // namespace
+
+void Deliver(const Form& form, const std::function<void()>& event) {
+    if (g_boxes > 0 || TopForm() != &form) return;
+    while (!Owing().empty()) (*Owing().begin())->Settle();
+    Guard(event);
+}
+
+BoxOnTop::BoxOnTop() {
+    ++g_boxes;
+}
+
+BoxOnTop::~BoxOnTop() {
+    --g_boxes;
+}
 
 WindowPeer::~WindowPeer() {
+    Owing().erase(this);
     control_.SetPeer(nullptr);
 }
 
@@ -32,17 +66,24 @@ void WindowPeer::Show(Aspect changed) {
             break;
         case Aspect::kFocus:
             if (!InputWindow()->HasFocus()) InputWindow()->SetFocus();
+            Look();
             break;
         default:
             if (!CanWait(changed)) return Update(changed);
-            if (waiting_.empty()) window_->CallAfter([this] { UpdateNow(); });
             waiting_.insert(changed);
+            Owe();
     }
 }
 
-void WindowPeer::UpdateNow() {
+void WindowPeer::Owe() {
+    if (Owing().insert(this).second) window_->CallAfter([this] { Settle(); });
+}
+
+void WindowPeer::Settle() {
+    if (Owing().erase(this) == 0) return;
     const auto changes = std::exchange(waiting_, {});
     for (Aspect changed : changes) Update(changed);
+    BringIntoStep();
 }
 
 void WindowPeer::ForwardFocus(wxFocusEvent& event) {
@@ -51,44 +92,97 @@ void WindowPeer::ForwardFocus(wxFocusEvent& event) {
     // appeared the toolkit tries the focus on controls that nobody chose.
     Form& form = control_.Owner();
     if (form.Focus() == nullptr || wxWindow::FindFocus() != InputWindow()) return;
-    Guard([&] { form.MoveFocus(&control_); });
+    Deliver([&] { form.MoveFocus(&control_); });
+    Look();
 }
 
 void WindowPeer::ForwardCharacter(wxKeyEvent& event) {
-    const wxChar unicode = event.GetUnicodeKey();
-    const bool backspace = event.GetKeyCode() == WXK_BACK;
-    const bool types = unicode >= 32 && unicode != 127 && !event.CmdDown();
-    if (!types && !backspace) {
-        event.Skip();
-        return;
-    }
-    const auto byte = backspace ? static_cast<char>(kKeyBackspace)
-                                : text::FromUnicode(static_cast<char32_t>(unicode));
-    if (!byte) {
+    const Typing typing = TypingOf(event);
+    // While one is dealt with, GTK takes the text that is put into the real control for typed too.
+    if (typing.kind == Typing::Kind::kNone || atCharacter_) return event.Skip();
+    atCharacter_ = true;
+    bool taken = true;
+    BeforeCharacter();
+    if (typing.kind == Typing::Kind::kTyped) {
+        Deliver([&] { taken = control_.Owner().KeyPress(typing.character); });
+    } else if (typing.kind == Typing::Kind::kUnknown) {
         wxBell();
-        return;
     }
-    bool refused = true;
-    Guard([&] {
-        UpdateNow();
-        refused = control_.Owner().KeyPress(*byte);
-    });
-    if (!refused) event.Skip();
+    AfterCharacter();
+    atCharacter_ = false;
+    if (!taken) event.Skip();
 }
 
 std::unique_ptr<WindowPeer> MakePeer(Control& control, wxWindow* parent) {
-    for (auto make : {MakeBasicPeer, MakeTextPeer, MakeListPeer, MakeGridPeer}) {
-        if (auto peer = make(control, parent)) {
-            // Names tell the controls apart for assistive programs and for tests.
-            peer->Window()->SetName(wxString::FromUTF8(control.Name()));
-            return peer;
+    const auto make = [&]() -> std::unique_ptr<WindowPeer> {
+        switch (control.GetKind()) {
+            case Control::Kind::kLabel:
+                return MakeLabelPeer(control, parent);
+            case Control::Kind::kFrame:
+                return MakeFramePeer(control, parent);
+            case Control::Kind::kButton:
+                return MakeButtonPeer(control, parent);
+            case Control::Kind::kCheckBox:
+                return MakeCheckPeer(control, parent);
+            case Control::Kind::kOption:
+                return MakeOptionPeer(control, parent);
+            case Control::Kind::kTextBox:
+                return MakeTextBoxPeer(control, parent);
+            case Control::Kind::kListBox:
+                return MakeListBoxPeer(control, parent);
+            case Control::Kind::kDropDownList:
+                return MakeDropDownPeer(control, parent);
+            case Control::Kind::kComboBox:
+                return MakeComboPeer(control, parent);
+            case Control::Kind::kDriveList:
+                return MakeDriveListPeer(control, parent);
+            case Control::Kind::kSpinButton:
+                return MakeSpinPeer(control, parent);
+            case Control::Kind::kGrid:
+                return MakeGridPeer(control, parent);
         }
-    }
-    return nullptr;
+        return nullptr;
+    };
+    auto peer = make();
+    // Names tell the controls apart for tests and in traces.
+    peer->Window()->SetName(wxString::FromUTF8(control.Name()));
+    return peer;
 }
 
 int DigitsWidth(const wxWindow* window, int count) {
     return window->GetTextExtent(wxString(static_cast<size_t>(count), '0')).x;
 }
+
+#ifdef __WXGTK__
+
+void SetSpokenName(wxWindow* window, const wxString& name) {
+    atk_object_set_name(gtk_widget_get_accessible(window->GetHandle()), name.utf8_str());
+}
+
+// An open list is a window of its own here, and the keys go there.
+bool ListHangsOpen(const wxWindow*) {
+    return false;
+}
+
+#else
+
+void SetSpokenName(wxWindow* window, const wxString& name) {
+    struct Named : wxWindowAccessible {
+        Named(wxWindow* of, const wxString& text) : wxWindowAccessible(of), name(text) {}
+        wxAccStatus GetName(int child, wxString* result) override {
+            if (child != wxACC_SELF) return wxWindowAccessible::GetName(child, result);
+            *result = name;
+            return wxACC_OK;
+        }
+        wxString name;
+    };
+    window->SetAccessible(new Named(window, name));
+}
+
+bool ListHangsOpen(const wxWindow* window) {
+    return ::SendMessage(static_cast<HWND>(window->GetHandle()), CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
+
+#endif
 
 }  // namespace views::mirror

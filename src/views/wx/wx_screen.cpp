@@ -5,37 +5,16 @@
 
 #include "views/form.h"
 #include "views/wx/convert.h"
+#include "views/wx/peer.h"
+
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#else
+#include <wx/generic/msgdlgg.h>  // counts on what stands above
+#endif
 
 namespace views::mirror {
 namespace {
-
-long StyleOf(const Message& message) {
-    long style = wxCENTRE;
-    switch (message.buttons) {
-        case Buttons::kOk:
-            style |= wxOK;
-            break;
-        case Buttons::kOkCancel:
-            style |= wxOK | wxCANCEL;
-            break;
-        case Buttons::kYesNo:
-            style |= wxYES_NO;
-            break;
-    }
-    switch (message.icon) {
-        case Icon::kNone:
-            return style | wxICON_NONE;
-        case Icon::kExclamation:
-            return style | wxICON_EXCLAMATION;
-        case Icon::kQuestion:
-            return style | wxICON_QUESTION;
-        case Icon::kInformation:
-            return style | wxICON_INFORMATION;
-        case Icon::kCritical:
-            return style | wxICON_ERROR;
-    }
-    return style;
-}
 
 // The system's texts separate their lines by CR or LF.
 wxString WithLines(const std::string& text) {
@@ -44,6 +23,68 @@ wxString WithLines(const std::string& text) {
     lines.Replace("\r", "\n");
     return lines;
 }
+
+#ifdef __WXMSW__
+
+// The platform's own box. The toolkit shows a task dialog here, which has no question icon and
+// takes "&" in a name for a mnemonic.
+bool AskBox(wxWindow* parent, const Message& message) {
+    UINT style = message.buttons == Buttons::kOk         ? MB_OK
+                 : message.buttons == Buttons::kOkCancel ? MB_OKCANCEL
+                                                         : MB_YESNO;
+    switch (message.icon) {
+        case Icon::kNone:
+            break;
+        case Icon::kExclamation:
+            style |= MB_ICONEXCLAMATION;
+            break;
+        case Icon::kQuestion:
+            style |= MB_ICONQUESTION;
+            break;
+        case Icon::kInformation:
+            style |= MB_ICONINFORMATION;
+            break;
+        case Icon::kCritical:
+            style |= MB_ICONERROR;
+            break;
+    }
+    const int answer =
+        ::MessageBoxW(parent == nullptr ? nullptr : static_cast<HWND>(parent->GetHandle()),
+                      WithLines(message.text).wc_str(), ToWx(message.title).wc_str(), style);
+    return answer == IDOK || answer == IDYES;
+}
+
+#else
+
+// The toolkit's own box: the one of GTK draws no icons.
+bool AskBox(wxWindow* parent, const Message& message) {
+    long style = wxCENTRE;
+    style |= message.buttons == Buttons::kOk         ? wxOK
+             : message.buttons == Buttons::kOkCancel ? wxOK | wxCANCEL
+                                                     : wxYES_NO;
+    switch (message.icon) {
+        case Icon::kNone:
+            break;
+        case Icon::kExclamation:
+            style |= wxICON_EXCLAMATION;
+            break;
+        case Icon::kQuestion:
+            style |= wxICON_QUESTION;
+            break;
+        case Icon::kInformation:
+            style |= wxICON_INFORMATION;
+            break;
+        case Icon::kCritical:
+            style |= wxICON_ERROR;
+            break;
+    }
+    wxGenericMessageDialog box(parent, WithLines(message.text), ToWx(message.title), style);
+    if (message.buttons == Buttons::kYesNo) box.SetEscapeId(wxID_NO);
+    const int answer = box.ShowModal();
+    return answer == wxID_OK || answer == wxID_YES;
+}
+
+#endif
 
 }  // namespace
 
@@ -56,18 +97,17 @@ int WxScreen::Height() const {
 }
 
 Answer WxScreen::Show(const Message& message) {
-    wxMessageDialog box(TopWindow(), WithLines(message.text), ToWx(message.title),
-                        StyleOf(message));
-    const int answer = box.ShowModal();
+    const BoxOnTop box;
+    const bool yes = AskBox(TopWindow(), message);
     switch (message.buttons) {
         case Buttons::kOk:
             return Answer::kOk;
         case Buttons::kOkCancel:
-            return answer == wxID_OK ? Answer::kOk : Answer::kCancel;
+            return yes ? Answer::kOk : Answer::kCancel;
         case Buttons::kYesNo:
             break;
     }
-    return answer == wxID_YES ? Answer::kYes : Answer::kNo;
+    return yes ? Answer::kYes : Answer::kNo;
 }
 
 void WxScreen::Beep() {
