@@ -8,9 +8,10 @@
 namespace views {
 namespace {
 
-// -1 or 1 for an arrow key that leads back or on, 0 for any other. Ctrl makes no difference.
+// -1 or 1 for an arrow key that leads back or on, 0 for any other. Shift and Ctrl make no
+// difference, or the toolkit would make one of its own.
 int StepOf(int key, int shift) {
-    if ((shift & ~kCtrl) != 0) return 0;
+    if ((shift & kAlt) != 0) return 0;
     return key == kKeyLeft || key == kKeyUp ? -1 : key == kKeyRight || key == kKeyDown ? 1 : 0;
 }
 

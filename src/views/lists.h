@@ -60,8 +60,10 @@ class ComboBox : public ListBox, public TextPart {
     ComboBox(Form& owner, std::string_view name, Style style);
 
     bool HasEditField() const { return GetKind() == Kind::kComboBox; }
-    // Its list drops down and has the keys for itself.
-    bool HandleKey(int, int) override { return false; }
+    // Its list drops down and has the other keys for itself.
+    bool HandleKey(int key, int shift) override {
+        return HasEditField() && SelectAllBy(key, shift);
+    }
     bool HandleCharacter(char character) override;
     void RemoveItem(int index) override;
 

@@ -46,6 +46,12 @@ void TextPart::Selected(std::size_t start, std::size_t length) {
     selLength_ = std::min(length, text_.size() - selStart_);
 }
 
+bool TextPart::SelectAllBy(int key, int shift) {
+    if (key != 'A' || shift != kCtrl) return false;
+    SelectAll();
+    return true;
+}
+
 bool TextBox::HandleCharacter(char character) {
     Insert(character);
     return true;

@@ -37,6 +37,8 @@ class TextPart {
     std::function<void()> onChange;
 
   protected:
+    // Ctrl+A, which not every platform has in its text boxes.
+    bool SelectAllBy(int key, int shift);
     void ReplaceText(std::string_view text) { text_ = text; }
 
   private:
@@ -50,6 +52,7 @@ class TextBox : public Control, public TextPart {
   public:
     TextBox(Form& owner, std::string_view name)
         : Control(owner, name, Kind::kTextBox), TextPart(this) {}
+    bool HandleKey(int key, int shift) override { return SelectAllBy(key, shift); }
     bool HandleCharacter(char character) override;
 };
 

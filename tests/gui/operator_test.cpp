@@ -7,6 +7,8 @@
 #include <wx/app.h>
 #include <wx/dialog.h>
 #include <wx/modalhook.h>
+#include <wx/timer.h>
+#include <wx/uiaction.h>
 #include <wx/window.h>
 
 #include <cmath>
@@ -34,23 +36,24 @@ unsigned Setting(const char* name, unsigned usual) {
     return value == nullptr ? usual : static_cast<unsigned>(std::atoi(value));
 }
 
-class Operator : public wxModalDialogHook {
+class Operator : public wxModalDialogHook, public wxTimer {
   public:
     Operator(views::Form& form, const views::Control& close, unsigned seed)
         : form_(form), close_(close), dice_(seed) {
         Register();
+        Start(200);
     }
     ~Operator() override { Unregister(); }
 
     // Works in the window and closes it in the end, saving.
     void Work(unsigned steps) {
         for (unsigned step = 0; step < steps && form_.IsOpen(); ++step) {
-            const std::string done = Step();
+            done_ += Step() + "\n";
             test::Until([this] { return !form_.IsOpen() || test::Differences(form_).empty(); },
                         2000);
             if (!form_.IsOpen()) break;
-            ASSERT_EQ(test::Differences(form_), "") << "step " << step << ": " << done;
-            ASSERT_NE(form_.Focus(), nullptr) << "step " << step << ": " << done;
+            ASSERT_EQ(test::Differences(form_), "") << "after step " << step << " of\n" << done_;
+            ASSERT_NE(form_.Focus(), nullptr) << "after step " << step << " of\n" << done_;
         }
         if (form_.IsOpen()) {
             test::Click(close_);
@@ -62,7 +65,8 @@ class Operator : public wxModalDialogHook {
     // Dialogs on top are given a word or two and left; a question is answered by either button.
     int Enter(wxDialog* dialog) override {
         if (std::exchange(inDialog_, dialog) == dialog) return wxID_NONE;
-        const bool save = dialog->GetTitle().Contains("Sav");
+        const wxString title = dialog->GetTitle();
+        const bool save = title.Contains("Sav") || title.Contains("Clos");
         wxTheApp->CallAfter([this, dialog, save] {
             test::Until([dialog] {
                 const wxWindow* focus = wxWindow::FindFocus();
@@ -78,6 +82,14 @@ class Operator : public wxModalDialogHook {
         return wxID_NONE;
     }
     void Exit(wxDialog*) override { inDialog_ = nullptr; }
+    void Notify() override {
+        const std::string title = test::TitleOfBox();
+        if (title.empty()) return;
+        const bool save = title.find("Sav") != title.npos || title.find("Clos") != title.npos;
+        // A question for a disk is asked until it is cancelled.
+        const int keys[] = {WXK_RETURN, 'N', WXK_ESCAPE};
+        wxUIActionSimulator().Char(keys[save ? 0 : Dice(3)]);
+    }
 
   private:
     unsigned Dice(unsigned sides) { return static_cast<unsigned>(dice_() % sides); }
@@ -137,6 +149,7 @@ class Operator : public wxModalDialogHook {
     const views::Control& close_;
     std::mt19937 dice_;
     wxDialog* inDialog_ = nullptr;
+    std::string done_;
 };
 
 Rows Shown(const views::Grid& grid, int count) {

@@ -46,14 +46,6 @@ bool ListIsOpen() {
 #endif
 }
 
-#ifdef _WIN32
-bool BoxIsUp() {
-    wchar_t name[8] = L"";
-    ::GetClassNameW(::GetForegroundWindow(), name, 8);
-    return std::wcscmp(name, L"#32770") == 0;
-}
-#endif
-
 constexpr long kPatience = 20000;  // milliseconds
 
 views::mirror::WxScreen& TheRealScreen() {
@@ -95,10 +87,10 @@ class BoxAnswer : public wxModalDialogHook, public wxTimer {
             std::_Exit(1);  // nothing else ends a box that nobody answers
         }
 #ifdef _WIN32
-        const bool there = BoxIsUp();
-        if (seen_ && !there) return End();
-        if (!there) return;
-        seen_ = true;
+        const HWND now = TitleOfBox().empty() ? nullptr : ::GetForegroundWindow();
+        if (box_ != nullptr && now != box_) return End();
+        // Once: pressed twice, the second one would answer the box that comes next.
+        if (now == nullptr || std::exchange(box_, now) == now) return;
 #endif
         wxUIActionSimulator().Char(key_);
     }
@@ -112,7 +104,9 @@ class BoxAnswer : public wxModalDialogHook, public wxTimer {
 
     int key_;
     wxStopWatch waited_;
-    bool seen_ = false;
+#ifdef _WIN32
+    HWND box_ = nullptr;
+#endif
 };
 
 // Whether a part of the real control has the focus.
@@ -304,10 +298,24 @@ std::string Differences(const views::Form& form) {
         if (real->IsThisEnabled() != plain->Enabled()) found += plain->Name() + ": enabled\n";
         if (real->IsShown() != plain->Visible()) found += plain->Name() + ": visible\n";
         if (plain->HasFocus() != HasFocus(real) && plain->TakesFocus() && !ListIsOpen()) {
-            found += plain->Name() + (plain->HasFocus() ? " lacks" : " has") + " the focus\n";
+            const wxWindow* focus = wxWindow::FindFocus();
+            found += plain->Name() + (plain->HasFocus() ? " lacks" : " has") + " the focus, " +
+                     (focus == nullptr ? "nobody" : focus->GetName().ToStdString()) + " has it\n";
         }
     }
     return found;
+}
+
+std::string TitleOfBox() {
+#ifdef _WIN32
+    wchar_t text[64] = L"";
+    ::GetClassNameW(::GetForegroundWindow(), text, 8);
+    if (std::wcscmp(text, L"#32770") != 0) return {};
+    ::GetWindowTextW(::GetForegroundWindow(), text, 64);
+    return wxString(text).ToStdString();
+#else
+    return {};
+#endif
 }
 
 void AnswerNextBox(bool yes) {

@@ -41,6 +41,9 @@ bool Until(const std::function<bool()>& condition, long milliseconds = 20000);
 // What the real controls of the window on top show other than their plain ones, in words.
 std::string Differences(const views::Form& form);
 
+// The title of the platform's own message box that is up, of which the toolkit knows nothing; empty
+// for none, and on Linux, where the toolkit's own are used.
+std::string TitleOfBox();
 // Answers the next message box with Yes (or OK) or with No, by keyboard, as soon as it is there.
 void AnswerNextBox(bool yes);
 

@@ -75,6 +75,7 @@ wxRadioButton* NobodyOf(const OptionButton& plain, wxWindow* parent) {
     auto* nobody = new wxRadioButton(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                      wxRB_GROUP, wxDefaultValidator, name);
     nobody->Hide();
+    nobody->Disable();  // or it takes the focus on Windows when it is set
     return nobody;
 }
 

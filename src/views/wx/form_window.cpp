@@ -214,6 +214,10 @@ void FormWindow::Place(wxMoveEvent& event) {
     window_->CallAfter([this] { window_->Move(form_.left, form_.top); });
 }
 
+void FormWindow::ComeBack() {
+    window_->CallAfter([this] { Deliver(form_, [this] { form_.Activate(); }); });
+}
+
 void FormWindow::ShowCaption() {
     window_->SetTitle(ToWx(form_.Caption()));
 }
@@ -230,10 +234,10 @@ void FormWindow::Close() {
 void FormWindow::ForwardKey(wxKeyEvent& event) {
     WindowPeer* const peer = PeerOf(form_.Focus());
     const auto key = KeyOf(event);
-    if (!key || (peer != nullptr && peer->HasKeys())) return event.Skip();
     if (peer != nullptr) peer->Look();
     bool handled = false;
-    Deliver(form_, [&] { handled = form_.KeyDown(*key, ShiftOf(event)); });
+    const bool forForm = key && (peer == nullptr || !peer->HasKeys());
+    Deliver(form_, [&] { handled = forForm && form_.KeyDown(*key, ShiftOf(event)); });
     if (handled || closed_) return;
     // What the toolkit makes of the key is seen afterwards.
     if (peer != nullptr) peer->Look();

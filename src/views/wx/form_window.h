@@ -26,6 +26,9 @@ class FormWindow : public FormPeer {
     // Shows it at the form's place until the form is closed.
     void Run();
 
+    // The window is on top again: the focus is where it was, wherever the toolkit puts it.
+    void ComeBack();
+
     void ShowCaption() override;
     void Close() override;
 

@@ -212,6 +212,8 @@ class GridPeer : public WindowPeer {
             event.Skip();
             ShowMarkedText(wxSYS_COLOUR_BTNTEXT);
         });
+        // The whole has no use for the focus.
+        real_->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent&) { InputWindow()->SetFocus(); });
         // A click beside the cells is a click on the grid too, if on no cell of it.
         for (wxWindow* part : {real_->GetGridWindow(), real_->GetGridRowLabelWindow(),
                                real_->GetGridColLabelWindow(), real_->GetGridCornerLabelWindow()}) {

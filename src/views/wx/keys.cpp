@@ -1,12 +1,12 @@
 #include "views/wx/keys.h"
 
-#include <wx/utils.h>
-
 #include "text/code_page.h"
 #include "views/keys.h"
 
 #ifdef __WXGTK__
 #include <gtk/gtk.h>
+#else
+#include <wx/msw/wrapwin.h>
 #endif
 
 namespace views::mirror {
@@ -30,7 +30,8 @@ Held HeldWith(const wxKeyEvent& event) {
         held.command = (state & (GDK_CONTROL_MASK | GDK_MOD1_MASK)) != 0;
     }
 #else
-    held.windowsKey = wxGetKeyState(WXK_WINDOWS_LEFT) || wxGetKeyState(WXK_WINDOWS_RIGHT);
+    // As it was when the character was typed, not as it is by now.
+    held.windowsKey = ::GetKeyState(VK_LWIN) < 0 || ::GetKeyState(VK_RWIN) < 0;
 #endif
     return held;
 }

@@ -27,8 +27,11 @@ class TextPeer : public WindowPeer {
         window->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
             if (!showing_) Owe();
         });
-        window->Bind(wxEVT_LEFT_DOWN, &TextPeer::SeeMouse, this);
-        window->Bind(wxEVT_LEFT_UP, &TextPeer::SeeMouse, this);
+        // The mouse, and on Windows some keys, reach a part of it that the toolkit tells nothing
+        // of.
+        window->Bind(wxEVT_IDLE, [this](wxIdleEvent&) {
+            if (control_.HasFocus()) BringIntoStep();
+        });
     }
     void Look() override { Owe(); }
 
@@ -56,12 +59,6 @@ class TextPeer : public WindowPeer {
     bool showing_ = false;  // what the toolkit reports is not the operator's doing
 
   private:
-    void SeeMouse(wxMouseEvent& event) {
-        event.Skip();
-        Deliver([] {});
-        Owe();
-    }
-
     void ShowText() {
         const bool before = std::exchange(showing_, true);
         const wxString now = real_.GetValue(), wanted = ToWx(plain_.Text());

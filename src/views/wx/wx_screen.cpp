@@ -48,9 +48,14 @@ bool AskBox(wxWindow* parent, const Message& message) {
             style |= MB_ICONERROR;
             break;
     }
-    const int answer =
-        ::MessageBoxW(parent == nullptr ? nullptr : static_cast<HWND>(parent->GetHandle()),
-                      WithLines(message.text).wc_str(), ToWx(message.title).wc_str(), style);
+    const HWND owner = parent == nullptr ? nullptr : static_cast<HWND>(parent->GetHandle());
+    int answer = 0;
+    do {
+        answer = ::MessageBoxW(owner, WithLines(message.text).wc_str(),
+                               ToWx(message.title).wc_str(), style);
+        // A question with Yes and No has nothing that Escape could mean. Wine ends it all the same,
+        // and the Escape that asks to close a window would answer whether to save.
+    } while (message.buttons == Buttons::kYesNo && answer == IDCANCEL);
     return answer == IDOK || answer == IDYES;
 }
 
@@ -97,8 +102,12 @@ int WxScreen::Height() const {
 }
 
 Answer WxScreen::Show(const Message& message) {
-    const BoxOnTop box;
-    const bool yes = AskBox(TopWindow(), message);
+    bool yes = false;
+    {
+        const BoxOnTop box;
+        yes = AskBox(TopWindow(), message);
+    }
+    if (Top() != nullptr) Top()->ComeBack();
     switch (message.buttons) {
         case Buttons::kOk:
             return Answer::kOk;
@@ -129,6 +138,7 @@ void WxScreen::Realise(Form& form) {
 void WxScreen::Run(Form&) {
     Top()->Run();
     windows_.pop_back();
+    if (Top() != nullptr) Top()->ComeBack();
 }
 
 }  // namespace views::mirror
