@@ -123,15 +123,17 @@ bool HasFocus(const wxWindow* real) {
 #endif
 }
 
-std::string Shown(const wxTextEntry& real) {
+// With the caret or the selection where the control has the focus; nobody sees it elsewhere.
+std::string Shown(const wxTextEntry& real, bool focus) {
     long from = 0, to = 0;
-    real.GetSelection(&from, &to);
+    if (focus) real.GetSelection(&from, &to);
     return wxString::Format("'%s' %ld-%ld", real.GetValue(), from, to).ToStdString(wxConvUTF8);
 }
 
-std::string Expected(const views::TextPart& plain) {
-    return "'" + text::ToUtf8(plain.Text()) + "' " + std::to_string(plain.SelStart()) + "-" +
-           std::to_string(plain.SelStart() + plain.SelLength());
+std::string Expected(const views::TextPart& plain, bool focus) {
+    const std::size_t from = focus ? plain.SelStart() : 0, length = focus ? plain.SelLength() : 0;
+    return "'" + text::ToUtf8(plain.Text()) + "' " + std::to_string(from) + "-" +
+           std::to_string(from + length);
 }
 
 std::string Marked(const wxGrid& real) {
@@ -169,11 +171,11 @@ std::pair<std::string, std::string> Compared(const views::Control& plain, const 
             return {std::to_string(static_cast<const wxRadioButton*>(real)->GetValue()),
                     std::to_string(static_cast<const views::OptionButton&>(plain).Value())};
         case Kind::kTextBox:
-            return {Shown(*static_cast<const wxTextCtrl*>(real)),
-                    Expected(static_cast<const views::TextBox&>(plain))};
+            return {Shown(*static_cast<const wxTextCtrl*>(real), plain.HasFocus()),
+                    Expected(static_cast<const views::TextBox&>(plain), plain.HasFocus())};
         case Kind::kComboBox:
-            return {Shown(*static_cast<const wxComboBox*>(real)),
-                    Expected(static_cast<const views::ComboBox&>(plain))};
+            return {Shown(*static_cast<const wxComboBox*>(real), plain.HasFocus()),
+                    Expected(static_cast<const views::ComboBox&>(plain), plain.HasFocus())};
         case Kind::kListBox:
         case Kind::kDropDownList: {
             const auto& list = static_cast<const views::ListBox&>(plain);
