@@ -285,6 +285,25 @@ TEST_F(Deleting, NothingOutsideTheDirectoryIsEverTouched) {
     EXPECT_FALSE(drives.Exists(job + "\\NEST"));
     EXPECT_EQ(drives.Read("d:\\precious\\COMP\\a"), "keep");
 }
+
+TEST_F(Deleting, OnlyWhatWasListedIsDeleted) {
+    const auto folder = drives.Path("c:\\tolvarin\\USER\\PROD");
+    std::filesystem::create_directory(folder / "JOB\\COMP");  // no path: the name has a backslash
+    std::filesystem::create_directory(folder / " JOB");
+    Run([&](app::SysMan& window) {
+        window.optProduction.Pick();
+        EXPECT_EQ(window.lstDirectory.Items(), (Log{"job", "job"}));
+        screen.answers = {Answer::kYes, Answer::kYes};
+        window.lstDirectory.Choose(0);
+        window.cmdDelete.Press();  // which of the two is meant?
+        EXPECT_TRUE(drives.Exists("c:\\tolvarin\\USER\\PROD\\JOB\\COMP\\File.1"));
+        std::filesystem::remove_all(folder / "JOB");
+        screen.answers = {Answer::kYes, Answer::kYes};
+        window.lstDirectory.Choose(0);
+        window.cmdDelete.Press();
+        EXPECT_FALSE(std::filesystem::exists(folder / " JOB"));
+    });
+}
 #endif
 
 TEST_F(SysManTest, ASecondInstanceEndsBeforeItReadsAnything) {

@@ -197,7 +197,7 @@ class WindowsWriting : public WindowsFunctions {
     void CompareWrite(const std::string& file, const Name& name, const std::string& value) {
         if (HasNamelessSection(file)) return;
         const std::string path = NewFile(file);
-        ASSERT_TRUE(WriteKey(path, name.section, name.key, value)) << name.section << name.key;
+        ASSERT_TRUE(WriteKeys(path, name.section, {{name.key, value}})) << name.section << name.key;
         const Profile ours = Profile::Load(path);
         const std::string realPath = NewFile(RealWrite(file, name, value));
         std::vector<Name> names = Names();
@@ -243,11 +243,11 @@ TEST_F(WindowsWriting, GeneratedFilesReadBackAlike) {
 TEST_F(WindowsWriting, FailsWithoutADirectoryAlike) {
     const Name name = {"s", "k"};
     EXPECT_FALSE(WritePrivateProfileStringA("s", "k", "v", Native("c:\\none\\a.ini").c_str()));
-    EXPECT_FALSE(WriteKey("c:\\none\\a.ini", "s", "k", "v"));
+    EXPECT_FALSE(WriteKeys("c:\\none\\a.ini", "s", {{"k", "v"}}));
     EXPECT_FALSE(drives_.Exists("c:\\none"));
     drives_.MakeDir("c:\\p");
     EXPECT_TRUE(WritePrivateProfileStringA("s", "k", "v", Native("c:\\p\\a.ini").c_str()));
-    EXPECT_TRUE(WriteKey("c:\\p\\b.ini", "s", "k", "v"));
+    EXPECT_TRUE(WriteKeys("c:\\p\\b.ini", "s", {{"k", "v"}}));
     Compare("c:\\p\\a.ini", Profile::Load("c:\\p\\b.ini"), name, "", "a new file");
 }
 
@@ -265,7 +265,7 @@ TEST(WindowsFunctionsSettledOtherwise, ReadsAndWritesAsDecided) {
     const test::TempDrives drives;
     drives.Write("c:\\a.ini", "[s]\r\n");
     drives.SetReadOnly("c:\\a.ini", true);
-    EXPECT_FALSE(WriteKey("c:\\a.ini", "s", "k", "v"));
+    EXPECT_FALSE(WriteKeys("c:\\a.ini", "s", {{"k", "v"}}));
     EXPECT_EQ(drives.Read("c:\\a.ini"), "[s]\r\n");
 }
 

@@ -32,7 +32,7 @@ void Check(const std::vector<Write>& writes) {
     const test::TempDrives drives;
     for (const Write& write : writes) {
         drives.Write(kFile, write.before);
-        EXPECT_TRUE(WriteKey(kFile, write.section, write.key, write.value));
+        EXPECT_TRUE(WriteKeys(kFile, write.section, {{write.key, write.value}}));
         EXPECT_EQ(drives.Read(kFile), write.after);
         EXPECT_EQ(drives.Count("c:\\net"), 1);
     }
@@ -132,7 +132,7 @@ TEST(WriteKey, RefusesWhatWouldNotBeFoundAgain) {
              {"s", "[x", "a]"},
              {"s", "[k]", "1"},
          }) {
-        EXPECT_FALSE(WriteKey(kFile, section, key, value)) << section << "/" << key;
+        EXPECT_FALSE(WriteKeys(kFile, section, {{key, value}})) << section << "/" << key;
         EXPECT_EQ(drives.Read(kFile), before);
     }
     EXPECT_FALSE(WithKey("", "s", "a=b", "1"));
@@ -141,14 +141,14 @@ TEST(WriteKey, RefusesWhatWouldNotBeFoundAgain) {
 TEST(WriteKey, MakesAMissingFileButNoDirectory) {
     const test::TempDrives drives;
     drives.MakeDir("c:\\net");
-    EXPECT_TRUE(WriteKey("c:\\net\\new.ini", "s", "k", "v"));
+    EXPECT_TRUE(WriteKeys("c:\\net\\new.ini", "s", {{"k", "v"}}));
     EXPECT_EQ(drives.Read("c:\\net\\new.ini"), "[s]\r\nk=v\r\n");
     EXPECT_EQ(drives.Count("c:\\net"), 1);
 
-    EXPECT_FALSE(WriteKey("c:\\none\\new.ini", "s", "k", "v"));
+    EXPECT_FALSE(WriteKeys("c:\\none\\new.ini", "s", {{"k", "v"}}));
     EXPECT_FALSE(drives.Exists("c:\\none"));
-    EXPECT_FALSE(WriteKey("x:\\net\\new.ini", "s", "k", "v"));
-    EXPECT_FALSE(WriteKey("c:\\net", "s", "k", "v"));
+    EXPECT_FALSE(WriteKeys("x:\\net\\new.ini", "s", {{"k", "v"}}));
+    EXPECT_FALSE(WriteKeys("c:\\net", "s", {{"k", "v"}}));
     EXPECT_EQ(drives.Count("c:\\net"), 1);
 }
 
@@ -156,12 +156,12 @@ TEST(WriteKey, LeavesAReadOnlyFileAlone) {
     const test::TempDrives drives;
     drives.Write(kFile, "[s]\r\nk=1\r\n");
     drives.SetReadOnly(kFile, true);
-    EXPECT_FALSE(WriteKey(kFile, "s", "k", "2"));
+    EXPECT_FALSE(WriteKeys(kFile, "s", {{"k", "2"}}));
     EXPECT_EQ(drives.Read(kFile), "[s]\r\nk=1\r\n");
     EXPECT_EQ(drives.Count("c:\\net"), 1);
 
     drives.SetReadOnly(kFile, false);
-    EXPECT_TRUE(WriteKey(kFile, "s", "k", "2"));
+    EXPECT_TRUE(WriteKeys(kFile, "s", {{"k", "2"}}));
     EXPECT_EQ(drives.Read(kFile), "[s]\r\nk=2\r\n");
 }
 
@@ -169,9 +169,9 @@ TEST(WriteKey, LeavesAReadOnlyFileAlone) {
 TEST(WriteKey, StartsFromTheFileAsItIsNow) {
     const test::TempDrives drives;
     drives.Write(kFile, "[s]\r\nk=1\r\n");
-    EXPECT_TRUE(WriteKey(kFile, "s", "k", "2"));
+    EXPECT_TRUE(WriteKeys(kFile, "s", {{"k", "2"}}));
     drives.Write(kFile, "[s]\r\nk=3\r\nm=4\r\n");
-    EXPECT_TRUE(WriteKey(kFile, "s", "m", "5"));
+    EXPECT_TRUE(WriteKeys(kFile, "s", {{"m", "5"}}));
     EXPECT_EQ(drives.Read(kFile), "[s]\r\nk=3\r\nm=5\r\n");
 }
 
@@ -182,7 +182,7 @@ TEST(WriteKey, LeavesTheFileWhenNothingChanges) {
     const auto native = drives.Path(kFile);
     const auto old = std::filesystem::last_write_time(native) - std::chrono::hours(1);
     std::filesystem::last_write_time(native, old);
-    EXPECT_TRUE(WriteKey(kFile, "s", "k", "1"));
+    EXPECT_TRUE(WriteKeys(kFile, "s", {{"k", "1"}}));
     EXPECT_EQ(std::filesystem::last_write_time(native), old);
 }
 

@@ -10,15 +10,6 @@
 namespace platform::native {
 namespace {
 
-DWORD AttributesOf(const fs::path& path) {
-    return GetFileAttributesW(path.c_str());
-}
-
-bool Has(const fs::path& path, DWORD attribute) {
-    const DWORD attributes = AttributesOf(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & attribute) != 0;
-}
-
 std::string NarrowLabel(const wchar_t* label) {
     std::string result;
     for (; *label != L'\0'; ++label) {
@@ -34,7 +25,7 @@ std::error_code LastError() {
     return {static_cast<int>(GetLastError()), std::system_category()};
 }
 
-FileErrorKind KindOf(const std::error_code& error) {
+FileErrorKind KindOfPlatform(const std::error_code& error) {
     if (error == std::errc::no_space_on_device || error == std::errc::file_too_large) {
         return FileErrorKind::kDiskFull;
     }
@@ -48,8 +39,6 @@ FileErrorKind KindOf(const std::error_code& error) {
             return FileErrorKind::kFileNotFound;
         case ERROR_PATH_NOT_FOUND:
         case ERROR_INVALID_DRIVE:
-        case ERROR_BAD_NETPATH:
-        case ERROR_BAD_NET_NAME:
         case ERROR_DIRECTORY:
             return FileErrorKind::kPathNotFound;
         case ERROR_ACCESS_DENIED:
@@ -68,6 +57,13 @@ FileErrorKind KindOf(const std::error_code& error) {
         case ERROR_NOT_READY:
         case ERROR_DEV_NOT_EXIST:
         case ERROR_GEN_FAILURE:
+        case ERROR_CRC:
+        case ERROR_IO_DEVICE:
+        case ERROR_SEM_TIMEOUT:
+        case ERROR_BAD_NETPATH:
+        case ERROR_BAD_NET_NAME:
+        case ERROR_NETNAME_DELETED:
+        case ERROR_UNEXP_NET_ERR:
             return FileErrorKind::kDeviceUnavailable;
         default:
             return FileErrorKind::kOther;
@@ -79,17 +75,34 @@ void PrepareDrives() {
     SetErrorMode(SetErrorMode(0) | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
 }
 
+namespace {
+
+// The volume is asked, not its root: that of an empty one has no entries, which reads as an error.
+bool VolumeAnswers(char letter, wchar_t* label) {
+    return GetVolumeInformationW(DriveRoot(letter).c_str(), label, MAX_PATH + 1, nullptr, nullptr,
+                                 nullptr, nullptr, 0) != 0;
+}
+
+}  // namespace
+
 std::vector<Drive> Drives() {
     std::vector<Drive> drives;
     const DWORD present = GetLogicalDrives();
     for (char letter = 'a'; letter <= 'z'; ++letter) {
         if ((present & (1u << (letter - 'a'))) == 0) continue;
         wchar_t label[MAX_PATH + 1] = L"";
-        const BOOL ready = GetVolumeInformationW(DriveRoot(letter).c_str(), label, MAX_PATH + 1,
-                                                 nullptr, nullptr, nullptr, nullptr, 0);
-        if (ready) drives.push_back({letter, NarrowLabel(label)});
+        if (VolumeAnswers(letter, label)) drives.push_back({letter, NarrowLabel(label)});
     }
     return drives;
+}
+
+bool DriveReady(char letter) {
+    wchar_t label[MAX_PATH + 1] = L"";
+    return VolumeAnswers(letter, label);
+}
+
+std::string DrivesPlace() {
+    return "the letters of this computer that answer";
 }
 
 fs::path DriveRoot(char letter) {
@@ -120,43 +133,6 @@ std::optional<std::string> ToSystem(const fs::path& name) {
 
 fs::path FindEntry(const fs::path& folder, std::string_view name, Lookup) {
     return folder / FromSystem(name);
-}
-
-bool IsLink(const fs::path& path) {
-    return Has(path, FILE_ATTRIBUTE_REPARSE_POINT);
-}
-
-bool IsHidden(const fs::path& path) {
-    return Has(path, FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
-}
-
-bool IsReadOnly(const fs::path& path) {
-    return Has(path, FILE_ATTRIBUTE_READONLY);
-}
-
-void RemoveFile(const fs::path& path, std::error_code& error) {
-    if (!DeleteFileW(path.c_str())) error = LastError();
-}
-
-std::tm LastChange(const fs::path& path, std::error_code& error) {
-    WIN32_FILE_ATTRIBUTE_DATA data;
-    FILETIME local;
-    SYSTEMTIME fields;
-    std::tm time = {};
-    // The system's own conversion with today's offset, as its directory listings show it.
-    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) ||
-        !FileTimeToLocalFileTime(&data.ftLastWriteTime, &local) ||
-        !FileTimeToSystemTime(&local, &fields)) {
-        error = LastError();
-        return time;
-    }
-    time.tm_year = fields.wYear - 1900;
-    time.tm_mon = fields.wMonth - 1;
-    time.tm_mday = fields.wDay;
-    time.tm_hour = fields.wHour;
-    time.tm_min = fields.wMinute;
-    time.tm_sec = fields.wSecond;
-    return time;
 }
 
 bool StartBatchFile(const fs::path& path, std::error_code& error) {
