@@ -132,7 +132,7 @@ std::string Recorded(const std::filesystem::path& file) {
 // The system's own command interpreter runs the batch file and finds this `backup` in the path.
 TEST_F(BackingUp, TheCommandInterpreterRunsTheBackupCommand) {
     const std::filesystem::path record = drives.Folder() / "arguments.txt";
-    drives.Write("d:\\bin\\backup.bat", "@echo %*>\"" + record.string() + "\"\r\n");
+    drives.Write("d:\\bin\\backup.bat", "@echo %CD% %PATH% %*>\"" + record.string() + "\"\r\n");
     const char* path = std::getenv("PATH");
     const test::Environment search(
         "PATH", drives.Path("d:\\bin").string() + ";" + (path != nullptr ? path : ""));
@@ -141,7 +141,13 @@ TEST_F(BackingUp, TheCommandInterpreterRunsTheBackupCommand) {
               "@echo off\r\necho Backing Up job1 to a:\r\n"
               "backup c:\\tolvarin\\USER\\PROD\\job1\\*.* a: /s\r\npause\r\n");
     for (int tries = 0; tries < 300 && Recorded(record).empty(); ++tries) Sleep(100);
-    EXPECT_EQ(Recorded(record), "c:\\tolvarin\\USER\\PROD\\job1\\*.* a: /s\r\n");
+    // It works beside its batch file, and the program's own folder comes first in the path.
+    const std::string said = Recorded(record);
+    wchar_t program[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    const std::string own = std::filesystem::path(program).parent_path().string();
+    EXPECT_NE(said.find("\\SYSTEM " + own + ";"), said.npos) << said;
+    EXPECT_TRUE(said.ends_with(" c:\\tolvarin\\USER\\PROD\\job1\\*.* a: /s\r\n")) << said;
     EXPECT_EQ(screen.TakeLog(), Log{});
 }
 

@@ -3,8 +3,6 @@
 
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include "text/code_page.h"
 
 namespace platform::native {
@@ -17,6 +15,13 @@ std::string NarrowLabel(const wchar_t* label) {
         result += text::FromUnicode(*label).value_or('?');
     }
     return result;
+}
+
+// Where programs are looked for.
+std::wstring SearchPath() {
+    std::wstring path(GetEnvironmentVariableW(L"PATH", nullptr, 0), L'\0');
+    path.resize(GetEnvironmentVariableW(L"PATH", path.data(), static_cast<DWORD>(path.size())));
+    return path;
 }
 
 }  // namespace
@@ -136,12 +141,33 @@ fs::path FindEntry(const fs::path& folder, std::string_view name, Lookup) {
 }
 
 bool StartBatchFile(const fs::path& path, std::error_code& error) {
-    // "open" lets the system start its command interpreter for the batch file.
-    const HINSTANCE result = ShellExecuteW(nullptr, L"open", path.c_str(), nullptr,
-                                           path.parent_path().c_str(), SW_SHOWMAXIMIZED);
-    const auto code = reinterpret_cast<INT_PTR>(result);
-    if (code <= 32) error = LastError();
-    return code > 32;
+    // The interpreter would read the file in the code page of old consoles, where a name with an
+    // accent is another one. The console's is changed first, to that which the file is written in.
+    wchar_t program[MAX_PATH] = L"", system[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    GetSystemDirectoryW(system, MAX_PATH);
+    const std::wstring interpreter = (fs::path(system) / L"cmd.exe").native();
+    std::wstring command = L"\"" + interpreter + L"\" /d /s /c \"chcp " +
+                           std::to_wstring(GetACP()) + L" >nul & \"" + path.native() + L"\"\"";
+    const std::wstring search = SearchPath();
+    const std::wstring first = fs::path(program).parent_path().native() + L";" + search;
+    SetEnvironmentVariableW(L"PATH", first.c_str());
+
+    STARTUPINFOW start = {};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESHOWWINDOW;
+    start.wShowWindow = SW_SHOWMAXIMIZED;
+    PROCESS_INFORMATION started = {};
+    const BOOL done =
+        CreateProcessW(interpreter.c_str(), command.data(), nullptr, nullptr, FALSE,
+                       CREATE_NEW_CONSOLE, nullptr, path.parent_path().c_str(), &start, &started);
+    if (!done) error = LastError();
+    SetEnvironmentVariableW(L"PATH", search.c_str());
+    if (done) {
+        CloseHandle(started.hThread);
+        CloseHandle(started.hProcess);
+    }
+    return done != 0;
 }
 
 }  // namespace platform::native
