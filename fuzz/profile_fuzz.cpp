@@ -151,6 +151,44 @@ bool IsAwkward(const string& key) {
            key.starts_with("\xFE\xFF");
 }
 
+// Behind the last line of the first section of that name that is not blank; npos without one.
+std::size_t EndOf(const string& text, const string& section) {
+    std::size_t at = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    bool inside = Trim(section).empty(), seen = inside;
+    std::size_t result = inside ? at : string::npos;
+    while (at < text.size()) {
+        std::size_t end = at;
+        while (end < text.size() && text[end] != '\r' && text[end] != '\n') ++end;
+        const string line = Trim(text.substr(at, end - at));
+        if (line.starts_with('[') && line.find(']') != string::npos) {
+            const string name = UntilNul(Trim(line.substr(1, line.rfind(']') - 1)));
+            inside = !seen && Same(name, Trim(section));
+            seen = seen || inside;
+        }
+        const bool pair = end + 1 < text.size() && text[end] == '\r' && text[end + 1] == '\n';
+        at = std::min(end + (pair ? 2 : 1), text.size());
+        if (inside && !line.empty()) result = at;
+    }
+    return result;
+}
+
+// The lines that a missing key needs, with the first line end that the file has.
+string Addition(const string& text, std::size_t end, const string& section, const string& key,
+                const string& value) {
+    const auto first = text.find_first_of("\r\n");
+    string line = "\r\n";
+    if (first != string::npos && text[first] == '\n') line = "\n";
+    // A lone CR may be the blank line of a file that ends its lines with CR LF.
+    if (first != string::npos && text[first] == '\r' && text.find('\n') == string::npos)
+        line = "\r";
+    const std::size_t at = std::min(end, text.size());
+    const std::size_t mark = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    string result;
+    if (at > mark && text[at - 1] != '\r' && text[at - 1] != '\n') result = line;
+    if (end == string::npos) result += "[" + section + "]" + line;
+    return result + key + "=" + value + line;
+}
+
 void CheckWriting(const string& bytes, const std::vector<Key>& keys, const string& section,
                   const string& key, const string& value) {
     const auto written = profile::WithKey(bytes, section, key, value);
@@ -163,20 +201,24 @@ void CheckWriting(const string& bytes, const std::vector<Key>& keys, const strin
     const auto keysAfter = KeysOf(Text(*written));
     REQUIRE(ValueOf(Lookup(keysAfter, section, key)) == Unquoted(Trim(value)));
 
+    // The change is exactly this text in exactly this place.
     const auto old = Lookup(keys, section, key);
-    const auto width = static_cast<std::size_t>(WidthOf(bytes));
-    const std::size_t added =
-        written->size() + (old ? width * old->value.size() : 0) - bytes.size();
-    std::size_t at = 0;  // where the change is: behind the common beginning if it is an addition
-    if (old) {
-        at = (width == 2 ? 2 : 0) + width * old->offset;
-        REQUIRE(added == width * value.size());
+    const string text = Text(bytes);
+    const std::size_t end = EndOf(text, section);
+    const std::size_t at = old ? old->offset : std::min(end, text.size());
+    const string expected = text.substr(0, at) +
+                            (old ? value : Addition(text, end, section, key, value)) +
+                            text.substr(at + (old ? old->value.size() : 0));
+    if (WidthOf(bytes) == 1) {
+        REQUIRE(*written == expected);
     } else {
-        while (at < bytes.size() && bytes[at] == (*written)[at]) ++at;
+        // What the set lacks stays as it is, which its "?" in the text does not tell.
+        const std::size_t added = expected.size() + (old ? old->value.size() : 0) - text.size();
+        REQUIRE(Text(*written) == expected);
+        REQUIRE(written->substr(0, 2 + 2 * at) == bytes.substr(0, 2 + 2 * at));
+        REQUIRE(written->substr(2 + 2 * (at + added)) ==
+                bytes.substr(2 + 2 * (at + (old ? old->value.size() : 0))));
     }
-    const std::size_t removed = old ? width * old->value.size() : 0;
-    REQUIRE(written->substr(0, at) == bytes.substr(0, at));
-    REQUIRE(written->substr(at + added) == bytes.substr(at + removed));
 
     for (const Key& each : keys) {
         if (Same(Trim(each.section), Trim(section)) && Same(Trim(each.key), Trim(key))) continue;
