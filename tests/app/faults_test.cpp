@@ -56,6 +56,16 @@ struct Work {
 
 class FaultsTest : public ::testing::Test {
   protected:
+    FaultsTest() {
+        app::TheConfig() = {};
+        app::TheConfig().NestHomeDrive = "c:";
+        app::TheConfig().NestRootDir = "\\tolvarin";
+        app::TheConfig().UserNumber = "1";
+        process::TheProcesses().ProcessCount = 3;
+        for (int n = 1; n <= 3; ++n) process::TheProcesses().Process(n).ThicknessCount = 100;
+        materialtypes::TheMaterialTypes().Count = 60;
+        materiallist::TheMaterialList().EntryCount = 199;
+    }
     ~FaultsTest() override {
         screen.answers.clear();
         process::ResetProcesses();
@@ -226,15 +236,6 @@ class FaultsTest : public ::testing::Test {
 
 TEST_F(FaultsTest, LeaveTheOldOrTheNewAndTellTheTruth) {
     if (!test::CanFail()) GTEST_SKIP() << "no call can be made to fail here";
-    app::TheConfig() = {};
-    app::TheConfig().NestHomeDrive = "c:";
-    app::TheConfig().NestRootDir = "\\tolvarin";
-    app::TheConfig().UserNumber = "1";
-    process::TheProcesses().ProcessCount = 3;
-    for (int n = 1; n <= 3; ++n) process::TheProcesses().Process(n).ThicknessCount = 100;
-    materialtypes::TheMaterialTypes().Count = 60;
-    materiallist::TheMaterialList().EntryCount = 199;
-
     const char* const chosen = std::getenv("FAULTS");
     const bool all = chosen != nullptr && std::string(chosen) == "all";
     const unsigned seed = chosen != nullptr ? static_cast<unsigned>(std::atoi(chosen)) : 1;
@@ -270,6 +271,32 @@ TEST_F(FaultsTest, LeaveTheOldOrTheNewAndTellTheTruth) {
     }
     for (const auto& [finding, times] : findings) {
         ADD_FAILURE() << times << " times: " << finding << " (seed " << seed << ")";
+    }
+}
+
+// On a disk that is small enough to be filled; see tools/faults.
+TEST_F(FaultsTest, AFullDiskLeavesTheOldFile) {
+    if (fs::space(drives.Folder()).capacity > 1 << 20) GTEST_SKIP() << "the disk is too large";
+    for (const Work& work : works) {
+        if (!work.saves) continue;
+        MakeTree();
+        const Tree before = Look();
+        ASSERT_EQ(work.run(), "") << work.name;
+        const Tree done = Look();
+        int saved = 0;
+        for (std::size_t room = 0; room < 5; ++room) {
+            MakeTree();
+            const auto free = fs::space(drives.Folder()).available;
+            const fs::path filler = drives.Folder().parent_path() / "filler";
+            std::ofstream(filler) << std::string(free - room * 4096, 'x');
+            test::Outcome outcome;
+            outcome.said = work.run();
+            EXPECT_EQ(Finding(work, {"", Fault::kDone}, outcome, before, done), "") << work.name;
+            saved += outcome.said.empty();
+            fs::remove(filler);
+        }
+        EXPECT_GT(saved, 0) << work.name;
+        EXPECT_LT(saved, 5) << work.name;
     }
 }
 
