@@ -200,19 +200,6 @@ TEST_F(PrintingListings, DesignsAreOneSectionAndTheirDriveIsTheWindowsOne) {
                           "b.dsn" + gap + "     1   " + kDate, ""})});
 }
 
-TEST_F(PrintingListings, ManyFilesStayOnTheirPage) {
-    for (int i = 0; i < 300; ++i) {
-        drives.Write(kJob + "GROUP\\" + std::to_string(1000 + 7 * i % 300) + ".grp", "");
-    }
-    Prepare(DataKind::kProduction, "job1");
-    const Pages pages = Print([](FrmPrint& window) { Only(window, window.chkGroups); });
-    ASSERT_EQ(pages.size(), 1u);
-    ASSERT_EQ(pages[0].size(), 4u + 2 + 300 + 1);
-    for (std::size_t i = 0; i < 300; ++i) {
-        EXPECT_EQ(pages[0][6 + i].substr(0, 8), std::to_string(1000 + i) + ".grp");
-    }
-}
-
 TEST_F(PrintingListings, SetupIsThePrintersAndCancelPrintsNothing) {
     Prepare(DataKind::kProduction);
     Open<FrmPrint>([&](FrmPrint& window, Keyboard& keyboard) {

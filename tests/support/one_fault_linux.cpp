@@ -27,42 +27,17 @@ using Call = unsigned long long;
 // The calls of the file layer by name; a number for the others. Memory, clocks and signals are no
 // business of the disk.
 std::string NameOf(Call call) {
+#define NAMED(call) \
+    { SYS_##call, #call }
     static const std::map<Call, const char*> names = {
-        {SYS_open, "open"},
-        {SYS_openat, "openat"},
-        {SYS_close, "close"},
-        {SYS_read, "read"},
-        {SYS_write, "write"},
-        {SYS_stat, "stat"},
-        {SYS_fstat, "fstat"},
-        {SYS_lstat, "lstat"},
-        {SYS_newfstatat, "newfstatat"},
-        {SYS_getdents64, "getdents64"},
-        {SYS_readlink, "readlink"},
-        {SYS_access, "access"},
-        {SYS_faccessat, "faccessat"},
-        {SYS_faccessat2, "faccessat2"},
-        {SYS_mkdir, "mkdir"},
-        {SYS_mkdirat, "mkdirat"},
-        {SYS_rmdir, "rmdir"},
-        {SYS_unlink, "unlink"},
-        {SYS_unlinkat, "unlinkat"},
-        {SYS_rename, "rename"},
-        {SYS_renameat, "renameat"},
-        {SYS_fchmod, "fchmod"},
-        {SYS_fchown, "fchown"},
-        {SYS_fsync, "fsync"},
-        {SYS_fcntl, "fcntl"},
-        {SYS_lseek, "lseek"},
-        {SYS_getcwd, "getcwd"},
-        {SYS_getxattr, "getxattr"},
-        {SYS_fgetxattr, "fgetxattr"},
-        {SYS_fsetxattr, "fsetxattr"},
-        {SYS_fremovexattr, "fremovexattr"},
-        {SYS_socket, "socket"},
-        {SYS_bind, "bind"},
-        {SYS_flock, "flock"},
-    };
+        NAMED(open),         NAMED(openat), NAMED(close),     NAMED(read),       NAMED(write),
+        NAMED(stat),         NAMED(fstat),  NAMED(lstat),     NAMED(newfstatat), NAMED(getdents64),
+        NAMED(readlink),     NAMED(access), NAMED(faccessat), NAMED(faccessat2), NAMED(mkdir),
+        NAMED(mkdirat),      NAMED(rmdir),  NAMED(unlink),    NAMED(unlinkat),   NAMED(rename),
+        NAMED(renameat),     NAMED(fchmod), NAMED(fchown),    NAMED(fsync),      NAMED(fcntl),
+        NAMED(lseek),        NAMED(getcwd), NAMED(getxattr),  NAMED(fgetxattr),  NAMED(fsetxattr),
+        NAMED(fremovexattr), NAMED(socket), NAMED(bind),      NAMED(flock)};
+#undef NAMED
     const auto found = names.find(call);
     return found != names.end() ? found->second : "call " + std::to_string(call);
 }
