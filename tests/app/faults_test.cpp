@@ -182,6 +182,11 @@ class FaultsTest : public ::testing::Test {
         return {};
     }
 
+    static std::string Chosen() {
+        const char* const chosen = std::getenv("FAULTS");
+        return chosen != nullptr ? chosen : "1";
+    }
+
     static std::string Saved(const std::function<void()>& save) {
         try {
             save();
@@ -236,9 +241,8 @@ class FaultsTest : public ::testing::Test {
 
 TEST_F(FaultsTest, LeaveTheOldOrTheNewAndTellTheTruth) {
     if (!test::CanFail()) GTEST_SKIP() << "no call can be made to fail here";
-    const char* const chosen = std::getenv("FAULTS");
-    const bool all = chosen != nullptr && std::string(chosen) == "all";
-    const unsigned seed = chosen != nullptr ? static_cast<unsigned>(std::atoi(chosen)) : 1;
+    const bool all = Chosen() == "all";
+    const auto seed = static_cast<unsigned>(std::atoi(Chosen().c_str()));
     std::mt19937 random(seed);
     std::map<std::string, int> findings;
     for (const Work& work : works) {
@@ -273,6 +277,37 @@ TEST_F(FaultsTest, LeaveTheOldOrTheNewAndTellTheTruth) {
         ADD_FAILURE() << times << " times: " << finding << " (seed " << seed << ")";
     }
 }
+
+#ifdef __linux__
+
+// Between any two steps of a deletion its folder is swapped for a link to somebody's data.
+TEST_F(FaultsTest, NoDeletionIsLedOutside) {
+    if (!test::CanFail()) GTEST_SKIP() << "no program can be overtaken here";
+    const Work& work = works.back();
+    const fs::path job = drives.Folder() / "c/tolvarin/USER/PROD/JOB",
+                   outside = drives.Folder() / "o";
+    const bool all = Chosen() == "all";
+    std::mt19937 random(static_cast<unsigned>(std::atoi(Chosen().c_str())));
+    MakeTree();
+    const int calls = test::RunWith({"", Fault::kDone}, 0, work.run).calls;
+    for (int i = 0; i < (all ? calls : 15); ++i) {
+        for (const fs::path& swapped : {job, job / "COMP"}) {
+            MakeTree();
+            drives.Write("o:\\a", "precious");
+            drives.Write("o:\\COMP\\a", "precious");
+            const int n =
+                all ? i + 1 : static_cast<int>(random() % static_cast<unsigned>(calls)) + 1;
+            test::RunWith({"", Fault::kOvertaken}, n, work.run, [&] {
+                std::error_code gone;
+                fs::rename(swapped, drives.Folder() / "away", gone);
+                fs::create_directory_symlink(outside, swapped, gone);
+            });
+            EXPECT_EQ(drives.Read("o:\\a") + drives.Read("o:\\COMP\\a"), "preciousprecious") << n;
+        }
+    }
+}
+
+#endif
 
 // On a disk that is small enough to be filled; see tools/faults.
 TEST_F(FaultsTest, AFullDiskLeavesTheOldFile) {

@@ -88,23 +88,13 @@ TEST_F(Loader, FillsNamesRangesAndCodes) {
     EXPECT_EQ(screen.TakeLog(), Log{});
 }
 
-TEST_F(Loader, TheSourceDecidesWhoseListIsRead) {
-    for (const int source : {1, 2, 3}) {
-        materiallist::MaterialListSource = source;
-        TheMaterialList().EntryCount = 150;
-        ASSERT_TRUE(app::LoadForMaterialList());
-        EXPECT_EQ(Counts(), "1 1 1");
-        EXPECT_EQ(TheMaterialList().Entry(1).MaterialType.View().substr(0, 3),
-                  source == 1 ? "MS " : "SS ");
-    }
-}
-
 TEST_F(Loader, AMissingFileEndsTheLoadWithTwoMessages) {
     for (const auto& [name, counts] : std::vector<std::pair<std::string, std::string>>{
              {"process.dat", "0 0 0"}, {"mattypes.dat", "1 0 0"}, {"material.dat", "1 1 0"}}) {
         const std::string bytes = drives.Read(kSystem + name);
         std::filesystem::remove(drives.Path(kSystem + name));
         TheMaterialList().EntryCount = TheProcesses().ProcessCount = TheMaterialTypes().Count = 9;
+        materiallist::MaterialListSource = 1;
         EXPECT_FALSE(app::LoadForMaterialList());
         EXPECT_EQ(Counts(), counts);
         Log expected = Warning("File c:\\tolvarin\\system\\" + name + " is not found");
@@ -120,14 +110,18 @@ TEST_F(Loader, AMissingFileEndsTheLoadWithTwoMessages) {
 }
 
 TEST_F(Loader, OverCapacityIsFatal) {
-    const auto failure = [] {
+    const auto failure = []() -> std::string {
         try {
             app::LoadForMaterialList();
         } catch (const platform::FatalError& error) {
-            return std::string(error.what());
+            return error.what();
         }
-        return std::string();
+        return {};
     };
+    // A job's own list.
+    materiallist::MaterialListSource = 3;
+    EXPECT_EQ(failure(), "");
+    EXPECT_EQ(TheMaterialList().Entry(1).MaterialType.View().substr(0, 3), "SS ");
     std::string processes = "[Processes]\r\n", types = "[Materials]\r\n";
     const auto add = [](std::string& file, const char* key, int n) {
         file += key + std::to_string(n) + "=N" + std::to_string(n) + "\r\n";

@@ -57,6 +57,7 @@ const std::string kNoInterpreter =
     NotStarted("this computer has no command interpreter for it.", "information");
 
 TEST_F(BackingUp, TheSelectedDirectory) {
+    drives.Write(kBatchFile, std::string(10000, 'x'));
     Prepare(DataKind::kProduction, "job1");
     EXPECT_EQ(Written([](FrmBackup& window) {
                   EXPECT_TRUE(window.optSelectedDir.Enabled() && window.optSelectedDir.Value());
@@ -91,21 +92,6 @@ TEST_F(BackingUp, AllDirectoriesOfAKindAndAllData) {
               "@echo off\r\necho Backing Up All Data to d:\r\n"
               "backup c:\\tolvarin\\USER\\*.* d: /s\r\npause\r\n");
     EXPECT_EQ(screen.TakeLog(), (Log{kNoInterpreter, kNoInterpreter, kNoInterpreter}));
-}
-
-TEST_F(BackingUp, OkTwiceReplacesTheFileAndCancelCloses) {
-    drives.Write(kBatchFile, std::string(10000, 'x'));
-    Prepare(DataKind::kDesign, "plates");
-    Open<FrmBackup>([&](FrmBackup& window, Keyboard&) {
-        window.cmdOK.Press();
-        const std::string first = drives.Read(kBatchFile);
-        EXPECT_EQ(first.size(), 97u);
-        window.cmdOK.Press();
-        EXPECT_EQ(drives.Read(kBatchFile), first);
-        window.cmdCancel.Press();
-        EXPECT_FALSE(window.IsOpen());
-    });
-    EXPECT_EQ(screen.TakeLog(), (Log{kNoInterpreter, kNoInterpreter}));
 }
 
 TEST_F(BackingUp, ABatchFileThatCannotBeWrittenEndsTheRun) {

@@ -93,11 +93,6 @@ TEST_F(NestOptionsFile, ANewProfileIsMadeWhereItsDirectoryIs) {
         EXPECT_NE(drives.Read(kPath).find("PrePiercingThickness=" + text + "\r\n"),
                   std::string::npos);
     }
-    drives.SetReadOnly(kPath, true);
-    const std::string before = drives.Read(kPath);
-    TheNestOptions().NestCheck = 1;
-    WriteNestOptions(kUser);
-    EXPECT_EQ(drives.Read(kPath), before);
 }
 
 }  // namespace

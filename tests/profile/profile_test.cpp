@@ -1,4 +1,5 @@
-// Reading profile files: what counts as a section, a key and a value.
+// Reading profile files: what counts as a section, a key and a value. On Windows the platform's own
+// function is asked as well: it is the reference.
 #include "profile/profile.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +12,10 @@
 #include "platform/errors.h"
 #include "tests/support/temp_drives.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 namespace profile {
 namespace {
 
@@ -20,11 +25,24 @@ struct Lookup {
     std::string bytes;
     std::string section;
     std::string key;
-    std::string value;  // "(none)" where there is no such key
+    std::string value;     // "(none)" where there is no such key
+    bool settled = false;  // that the platform's function, or Wine's, has it otherwise
 };
 
 void Check(const std::vector<Lookup>& lookups) {
+    [[maybe_unused]] const test::TempDrives drives;
+    [[maybe_unused]] int files = 0;
     for (const Lookup& lookup : lookups) {
+#ifdef _WIN32
+        // A file of a name of its own: the platform remembers files by name and time.
+        const std::string path = "c:\\" + std::to_string(++files) + ".ini";
+        drives.Write(path, lookup.bytes);
+        char buffer[255];
+        GetPrivateProfileStringA(lookup.section.c_str(), lookup.key.c_str(), "(none)", buffer,
+                                 sizeof buffer, drives.Path(path).string().c_str());
+        EXPECT_TRUE(lookup.settled || buffer == lookup.value.substr(0, 254))
+            << testing::PrintToString(lookup.bytes.substr(0, 200)) << " is " << buffer;
+#endif
         const Profile profile(lookup.bytes);
         const auto found = profile.Find(lookup.section, lookup.key);
         EXPECT_EQ(found.value_or("(none)"), lookup.value)
@@ -46,17 +64,17 @@ TEST(Profile, SectionsKeysAndValues) {
         {"k=1\r\n[]\r\nm=2\r\n", "", "m", "(none)"},
         {"[s]\r\n \tk\t = \ta b\tc= \t\x1A\r\n", "s", "k", "a b\tc="},
         {"[s]\r\nk= \t \r\n", "s", "k", ""},
-        {"[s]\r\nk\r\nkk=2\r\nk=1\r\n", "s", "k", "1"},
+        {"[s]\r\nk\r\nkk=2\r\nk=1\r\n", "s", "k", "1", true},
         {"[s]\r\nk\r\n", "s", "k", "(none)"},
         {"[s]\r\n=1\r\n", "s", "", "1"},
         {"[s]\r\nk=[t]\r\nm=\xC4\xFF\x81\x01\r\n", "s", "m", "\xC4\xFF\x81\x01"},
         // The first section of a name counts, and in it the first key.
         {"[s]\r\nk=1\r\nK=2\r\n[S]\r\nk=4\r\nm=5\r\n", "S", "k", "1"},
         {"[s]\r\nk=1\r\n[S]\r\nm=5\r\n", "s", "m", "(none)"},
-        {"[Br\xFBler \xC9]\r\n\x8A\x9C=1\r\n", "BR\xDBLER \xE9", "\x9A\x8C", "1"},
+        {"[Br\xFBler \xC9]\r\n\x8A\x9C=1\r\n", "BR\xDBLER \xE9", "\x9A\x8C", "1", true},
         {"[s]\r\n\xD7=1\r\n", "s", "\xF7", "(none)"},
         {"[s]\r\n;k=1\r\n;[t]\r\nk=2 ; really\r\n", "s", "k", "2 ; really"},
-        {"[s]\r\n \t;k=1\r\n", "s", ";k", "(none)"},
+        {"[s]\r\n \t;k=1\r\n", "s", ";k", "(none)", true},
         // One pair of matching quotes goes.
         {"[s]\r\nk= \" a \" \r\n", "s", "k", " a "},
         {"[s]\r\nk=''a''\r\n", "s", "k", "'a'"},
@@ -83,7 +101,7 @@ TEST(Profile, ByteOrderMarks) {
         big.append(1, high).append(1, low);
     }
     for (const std::string& bytes : {little, big, little + "x", big + "x"}) {
-        Check({{bytes, "s", "\xC4", "\x80?"}, {bytes, "s", "m", "2"}});
+        Check({{bytes, "s", "\xC4", "\x80?", true}, {bytes, "s", "m", "2", true}});
     }
     Check({{"\xEF\xBB\xBF[s]\r\nk=1\r\n", "s", "k", "1"},
            {"\xEF\xBB\xBFk=1\r\n", "", "k", "1"},
@@ -95,12 +113,12 @@ TEST(Profile, ByteOrderMarks) {
 // Nobody would wait for these if any step looked at the rest of the file again and again.
 TEST(Profile, HugeFiles) {
     const std::string longLine(1 << 20, 'x'), returns(1 << 20, '\r');
-    Check({{"[" + longLine + "]\r" + longLine + "=" + longLine, longLine, longLine, longLine},
+    Check({{"[" + longLine + "]\r" + longLine + "=" + longLine, longLine, longLine, longLine, true},
            {returns + "[s]\rm=1", "s", "m", "1"}});
     std::string lines = "[s]\r";
     for (int i = 0; i < 100000; ++i) lines += "\xC4key" + std::to_string(i) + "=v\r";
     for (int i = 0; i < 100000; ++i) lines += "[s" + std::to_string(i) + "]\rk=1\r";
-    Check({{lines, "s", "\xE4KEY99999", "v"}, {lines, "S99999", "k", "1"}});
+    Check({{lines, "s", "\xE4KEY99999", "v", true}, {lines, "S99999", "k", "1"}});
 }
 
 TEST(Profile, DefaultAndSize) {

@@ -12,6 +12,10 @@
 #include "profile/profile.h"
 #include "tests/support/temp_drives.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 namespace profile {
 namespace {
 
@@ -30,11 +34,22 @@ struct Write {
 // Through the file, as the system does it.
 void Check(const std::vector<Write>& writes) {
     const test::TempDrives drives;
+    [[maybe_unused]] int files = 0;
     for (const Write& write : writes) {
         drives.Write(kFile, write.before);
         EXPECT_TRUE(WriteKeys(kFile, write.section, {{write.key, write.value}}));
         EXPECT_EQ(drives.Read(kFile), write.after);
         EXPECT_EQ(drives.Count("c:\\net"), 1);
+#ifdef _WIN32
+        // The platform's own function finds what was written, unless it takes it for UTF-8.
+        if (write.after.starts_with("\xEF\xBB\xBF")) continue;
+        const std::string path = "c:\\" + std::to_string(++files) + ".ini";
+        drives.Write(path, write.after);
+        char value[255];
+        GetPrivateProfileStringA(write.section.c_str(), write.key.c_str(), "(none)", value,
+                                 sizeof value, drives.Path(path).string().c_str());
+        EXPECT_EQ(value, write.value) << testing::PrintToString(write.after);
+#endif
     }
 }
 
@@ -59,8 +74,8 @@ TEST(WriteKey, ChangesOnlyTheBytesOfTheValue) {
 TEST(WriteKey, AddsAMissingKeyAtTheEndOfItsSectionAndAMissingSectionAtTheEnd) {
     Check({
         {"[s]", "s", "m", "2", "[s]\r\nm=2\r\n"},
-        {"[s]\r\nm\r\n;last\r\n\r\n[t]\r\nm=1\r\n[s]\r\nm=1", "s", "m", "2",
-         "[s]\r\nm\r\n;last\r\nm=2\r\n\r\n[t]\r\nm=1\r\n[s]\r\nm=1"},
+        {"[s]\r\nn\r\n;last\r\n\r\n[t]\r\nm=1\r\n[s]\r\nm=1", "s", "m", "2",
+         "[s]\r\nn\r\n;last\r\nm=2\r\n\r\n[t]\r\nm=1\r\n[s]\r\nm=1"},
         {"k=1\r\n\r\n[t]\r\n", "", "m", "2", "k=1\r\nm=2\r\n\r\n[t]\r\n"},
         {"[s]\r\n\r\n;c", "t", "k", "2", "[s]\r\n\r\n;c\r\n[t]\r\nk=2\r\n"},
         {"", "t", "k", "2", "[t]\r\nk=2\r\n"},

@@ -10,12 +10,13 @@ namespace test {
 
 struct Fault {
     enum How {
-        kRefused,  // not done
-        kDone,     // done, but reported as failed
-        kHalf,     // half of the bytes are read or written
-        kNone,     // none of them, as at the end of a file
-        kLied,     // half of them are written, but all are reported
-        kKilled,   // done, and the last thing that the program does
+        kRefused,    // not done
+        kDone,       // done, but reported as failed
+        kHalf,       // half of the bytes are read or written
+        kNone,       // none of them, as at the end of a file
+        kLied,       // half of them are written, but all are reported
+        kKilled,     // done, and the last thing that the program does
+        kOvertaken,  // another program does something in front of it
     };
     const char* name;
     How how;
@@ -34,8 +35,10 @@ struct Outcome {
 };
 
 // Runs the work with a fault in its n-th call, counted from 1; 0 for none. Where the platform can,
-// the work is done in a process of its own.
-Outcome RunWith(const Fault& fault, int n, const std::function<std::string()>& work);
+// the work is done in a process of its own. `other` is what another program does.
+Outcome RunWith(
+    const Fault& fault, int n, const std::function<std::string()>& work,
+    const std::function<void()>& other = [] {});
 
 // Whether calls can be made to fail here.
 bool CanFail();

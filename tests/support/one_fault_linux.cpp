@@ -115,7 +115,8 @@ const std::vector<Fault>& Faults() {
     return faults;
 }
 
-Outcome RunWith(const Fault& fault, int n, const std::function<std::string()>& work) {
+Outcome RunWith(const Fault& fault, int n, const std::function<std::string()>& work,
+                const std::function<void()>& other) {
     Outcome outcome;
     char* const said = SharedText();
     const pid_t child = fork();
@@ -139,6 +140,7 @@ Outcome RunWith(const Fault& fault, int n, const std::function<std::string()>& w
             inside = !inside;
             if (inside) {
                 here = CanGoWrong(registers.orig_rax) && ++outcome.calls == n;
+                if (here && fault.how == Fault::kOvertaken) other();
                 if (here) outcome.call = NameOf(registers.orig_rax);
                 size = registers.rdx;
                 here = here && Prepare(fault, registers);

@@ -154,7 +154,8 @@ const std::vector<Fault>& Faults() {
     return faults;
 }
 
-Outcome RunWith(const Fault& fault, int n, const std::function<std::string()>& work) {
+Outcome RunWith(const Fault& fault, int n, const std::function<std::string()>& work,
+                const std::function<void()>&) {
     static const bool installed = (InstallAll(), true);
     Outcome outcome;
     g_call = installed ? n : 0;
