@@ -79,8 +79,6 @@ TEST_F(Loader, FillsNamesRangesAndCodes) {
     EXPECT_EQ(TheProcesses().ProcessNames[1], longName);
     EXPECT_EQ(TheProcesses().ProcessThicknessMin[1], -3);
     EXPECT_EQ(TheProcesses().ProcessThicknessMax[1], 0);
-    EXPECT_EQ(TheProcesses().ProcessThicknessMin[2], 0);
-    EXPECT_EQ(TheProcesses().ProcessThicknessMax[2], 0);
     EXPECT_EQ(TheMaterialTypes().Codes[0], "ms");
     EXPECT_EQ(TheMaterialTypes().Codes[1], "SS");
     EXPECT_EQ(TheProcesses().Process(1).Rapid, 7);

@@ -65,11 +65,8 @@ TEST_F(SysManTest, StartsWithoutAnyConfiguration) {
         EXPECT_EQ(app::TheConfig().ConfigFilePath, "c:\\windows\\nestcfg.ini");
         EXPECT_EQ(window.drvList.Drive(), "c:");
         EXPECT_TRUE(window.optDesign.Value());
-        EXPECT_EQ(window.Focus(), &window.lstDirectory);
-        EXPECT_EQ(window.left, 300);
     });
     EXPECT_EQ(screen.TakeLog(), Log{});
-    EXPECT_FALSE(drives.Exists("c:\\tolvarin\\network"));  // nowhere to keep the drive
     EXPECT_EQ(views::ExitStatus(), 0);
 }
 
@@ -157,7 +154,7 @@ TEST_F(SysManTest, ADriveThatCannotBeMadeOneEndsTheRunInOrder) {
     EXPECT_EQ(drives.Read(kUser), "[SystemManager]\r\nCurrentSysManDrive=d:\r\n");
 }
 
-TEST_F(SysManTest, ADriveThatGoesAwayIsAskedAboutAndLeft) {
+TEST_F(SysManTest, ADriveThatGoesAwayIsAskedAboutAndWithoutAnyTheRunEnds) {
     MakeDataDrive("c:");
     MakeDataDrive("d:");
     screen.answers = {Answer::kNo};
@@ -166,8 +163,19 @@ TEST_F(SysManTest, ADriveThatGoesAwayIsAskedAboutAndLeft) {
         std::filesystem::remove_all(drives.Folder() / "d");
         window.optProduction.Pick();
         EXPECT_EQ(window.drvList.Drive(), "c:");
+        views::Guard([&] { window.drvList.SetDrive("d:"); });
     });
-    EXPECT_EQ(screen.TakeLog(), Log{NoDataBox("d:")});
+    EXPECT_EQ(
+        screen.TakeLog(),
+        (Log{NoDataBox("d:"), test::Box(kTitle, "d: there is no such drive", "OK", "critical")}));
+    std::filesystem::remove_all(drives.Folder() / "c");
+    Run([](app::SysMan&) { ADD_FAILURE() << "the window is shown"; });
+    screen.windows.clear();
+    EXPECT_EQ(screen.TakeLog(),
+              Log{test::Box(kTitle,
+                            "There is no drive. Drives are the entries a to z of the folder " +
+                                drives.Folder().string() + ".",
+                            "OK", "critical")});
 }
 
 class Deleting : public SysManTest {

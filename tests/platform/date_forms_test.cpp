@@ -1,12 +1,10 @@
-// Dates in the forms of other languages, and details of files.
+// Dates in the forms of other languages.
 #include "platform/date_forms.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
-#include "platform/errors.h"
-#include "platform/folder.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_drives.h"
 
@@ -61,17 +59,5 @@ TEST(DateForms, FollowTheLanguage) {
 }
 
 #endif
-
-TEST(Folder, TellsSizeAndTimeWhateverTheSpellingOfItsPath) {
-    const test::TempDrives drives;
-    drives.Write("c:\\Data\\JOB1\\a.TAP", "12345");
-    drives.MakeDir("c:\\Data\\JOB1\\sub");
-    const platform::Folder folder("c:\\DATA\\job1");
-    EXPECT_EQ(folder.Details("a.TAP").size, 5u);
-    EXPECT_GE(folder.Details("a.TAP").changed.tm_year, 120);
-    EXPECT_THROW(folder.Details("gone.TAP"), platform::FileError);
-    EXPECT_FALSE(platform::Folder::IfThere("c:\\data\\missing"));
-    EXPECT_THROW(platform::Folder("x:\\data"), platform::FileError);
-}
 
 }  // namespace
