@@ -132,6 +132,9 @@ std::uintmax_t FileLen(std::string_view path) {
     const native::Directory folder(file.parent_path(), error);
     Check(path, error);
     const auto size = folder.Details(file.filename(), error).size;
+    if (error == native::ErrorOf(native::Refusal::kNotAFile)) {
+        throw FileError(FileErrorKind::kFileNotFound, std::string(path), "no file of that name");
+    }
     Check(path, error);
     return size;
 }

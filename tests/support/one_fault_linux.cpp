@@ -166,7 +166,11 @@ Outcome RunWith(const Fault& fault, int n, const std::function<std::string()>& w
 }
 
 bool CanFail() {
+#ifdef __SANITIZE_ADDRESS__
+    return false;  // the sanitizers make calls of their own, which must not fail
+#else
     return !RunWith({"", Fault::kDone}, 0, [] { return std::string(); }).crashed;
+#endif
 }
 
 }  // namespace test
