@@ -71,7 +71,8 @@ std::vector<Entry> Directory::Entries(std::error_code& error, std::size_t most) 
     // A descriptor of its own: the stream moves its place and closes it.
     const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
     Descriptor file(Retry([&] { return openat(handle_->file.Get(), ".", flags); }));
-    DIR* const stream = file.IsOpen() ? fdopendir(file.Get()) : nullptr;
+    DIR* stream = file.IsOpen() ? fdopendir(file.Get()) : nullptr;
+    while (file.IsOpen() && stream == nullptr && errno == EINTR) stream = fdopendir(file.Get());
     if (stream == nullptr) {
         error = LastError();
         return entries;
