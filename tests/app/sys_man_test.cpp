@@ -238,23 +238,6 @@ TEST_F(Deleting, LeavesWhatIsProtectedNestedOrOfTheOtherKind) {
 }
 
 #ifndef _WIN32
-TEST_F(Deleting, NothingOutsideTheDirectoryIsEverTouched) {
-    namespace fs = std::filesystem;
-    const std::string job = "c:\\tolvarin\\USER\\PROD\\JOB";
-    drives.Write("d:\\precious\\COMP\\a", "keep");
-    fs::remove_all(drives.Path(job + "\\COMP"));
-    fs::create_directory_symlink(drives.Path("d:\\precious\\COMP"), drives.Path(job + "\\COMP"));
-    fs::create_directory_symlink(drives.Path("d:\\precious"),
-                                 drives.Path("c:\\tolvarin\\USER\\PROD\\LINKED"));
-    Delete("linked", false, {Answer::kYes, Answer::kYes});
-    EXPECT_EQ(left, (Log{"job", "linked"}));
-    Delete("job", false, {Answer::kYes, Answer::kYes});
-    EXPECT_EQ(left, (Log{"job", "linked"}));
-    EXPECT_TRUE(drives.Exists(job + "\\COMP"));
-    EXPECT_FALSE(drives.Exists(job + "\\NEST"));
-    EXPECT_EQ(drives.Read("d:\\precious\\COMP\\a"), "keep");
-}
-
 TEST_F(Deleting, OnlyWhatWasListedIsDeleted) {
     const auto folder = drives.Path("c:\\tolvarin\\USER\\PROD");
     std::filesystem::create_directory(folder / "JOB\\COMP");  // no path: the name has a backslash
