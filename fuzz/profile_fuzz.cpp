@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "profile/profile.h"
@@ -75,12 +76,15 @@ struct Key {
     std::size_t offset;  // of the value in the text
 };
 
-// All keys that count, in file order.
-std::vector<Key> KeysOf(const string& text) {
-    std::vector<Key> keys;
-    std::vector<string> sections = {""};
-    bool counts = true;
+struct Parsed {
+    std::vector<Key> keys;                                 // those that count, in file order
+    std::vector<std::pair<string, std::size_t>> sections;  // the first of each name, and its end
+};
+
+Parsed Parse(const string& text) {
     std::size_t at = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    Parsed parsed{{}, {{"", at}}};
+    bool counts = true;
     while (at < text.size()) {
         std::size_t end = at;
         while (end < text.size() && text[end] != '\r' && text[end] != '\n') ++end;
@@ -88,20 +92,22 @@ std::vector<Key> KeysOf(const string& text) {
         const string trimmed = Trim(line);
         if (trimmed.starts_with('[') && trimmed.find(']') != string::npos) {
             const string name = UntilNul(Trim(trimmed.substr(1, trimmed.rfind(']') - 1)));
-            counts = std::none_of(sections.begin(), sections.end(),
-                                  [&](const string& section) { return Same(section, name); });
-            sections.push_back(name);
+            counts = std::none_of(parsed.sections.begin(), parsed.sections.end(),
+                                  [&](const auto& section) { return Same(section.first, name); });
+            if (counts) parsed.sections.push_back({name, 0});
         } else if (counts && !trimmed.starts_with(';') && line.find('=') != string::npos) {
             std::size_t value = line.find('=') + 1;
             const string key = UntilNul(Trim(line.substr(0, value - 1)));
             // An empty value stands right behind the "=".
             const bool empty = Trim(line.substr(value)).empty();
             while (!empty && IsBlank(line[value])) ++value;
-            keys.push_back({sections.back(), key, Trim(line.substr(value)), at + value});
+            parsed.keys.push_back(
+                {parsed.sections.back().first, key, Trim(line.substr(value)), at + value});
         }
-        at = end + 1;
+        at = std::min(end + (text.substr(end, 2) == "\r\n" ? 2 : 1), text.size());
+        if (counts && !trimmed.empty()) parsed.sections.back().second = at;
     }
-    return keys;
+    return parsed;
 }
 
 std::optional<Key> Lookup(const std::vector<Key>& keys, const string& section, const string& key) {
@@ -151,6 +157,23 @@ bool IsAwkward(const string& key) {
            key.starts_with("\xFE\xFF");
 }
 
+// The lines that a missing key needs, with the first line end that the file has.
+string Addition(const string& text, std::size_t end, const string& section, const string& key,
+                const string& value) {
+    const auto first = text.find_first_of("\r\n");
+    string line = "\r\n";
+    if (first != string::npos && text[first] == '\n') line = "\n";
+    // A lone CR may be the blank line of a file that ends its lines with CR LF.
+    if (first != string::npos && text[first] == '\r' && text.find('\n') == string::npos)
+        line = "\r";
+    const std::size_t at = std::min(end, text.size());
+    const std::size_t mark = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    string result;
+    if (at > mark && text[at - 1] != '\r' && text[at - 1] != '\n') result = line;
+    if (end == string::npos) result += "[" + section + "]" + line;
+    return result + key + "=" + value + line;
+}
+
 void CheckWriting(const string& bytes, const std::vector<Key>& keys, const string& section,
                   const string& key, const string& value) {
     const auto written = profile::WithKey(bytes, section, key, value);
@@ -160,23 +183,30 @@ void CheckWriting(const string& bytes, const std::vector<Key>& keys, const strin
         return;
     }
     REQUIRE(fits);
-    const auto keysAfter = KeysOf(Text(*written));
+    const auto keysAfter = Parse(Text(*written)).keys;
     REQUIRE(ValueOf(Lookup(keysAfter, section, key)) == Unquoted(Trim(value)));
 
+    // The change is exactly this text in exactly this place.
     const auto old = Lookup(keys, section, key);
-    const auto width = static_cast<std::size_t>(WidthOf(bytes));
-    const std::size_t added =
-        written->size() + (old ? width * old->value.size() : 0) - bytes.size();
-    std::size_t at = 0;  // where the change is: behind the common beginning if it is an addition
-    if (old) {
-        at = (width == 2 ? 2 : 0) + width * old->offset;
-        REQUIRE(added == width * value.size());
-    } else {
-        while (at < bytes.size() && bytes[at] == (*written)[at]) ++at;
+    const string text = Text(bytes);
+    std::size_t end = string::npos;
+    for (const auto& [name, itsEnd] : Parse(text).sections) {
+        if (Same(name, Trim(section))) end = itsEnd;
     }
-    const std::size_t removed = old ? width * old->value.size() : 0;
-    REQUIRE(written->substr(0, at) == bytes.substr(0, at));
-    REQUIRE(written->substr(at + added) == bytes.substr(at + removed));
+    const std::size_t at = old ? old->offset : std::min(end, text.size());
+    const string expected = text.substr(0, at) +
+                            (old ? value : Addition(text, end, section, key, value)) +
+                            text.substr(at + (old ? old->value.size() : 0));
+    if (WidthOf(bytes) == 1) {
+        REQUIRE(*written == expected);
+    } else {
+        // What the set lacks stays as it is, which its "?" in the text does not tell.
+        const std::size_t added = expected.size() + (old ? old->value.size() : 0) - text.size();
+        REQUIRE(Text(*written) == expected);
+        REQUIRE(written->substr(0, 2 + 2 * at) == bytes.substr(0, 2 + 2 * at));
+        REQUIRE(written->substr(2 + 2 * (at + added)) ==
+                bytes.substr(2 + 2 * (at + (old ? old->value.size() : 0))));
+    }
 
     for (const Key& each : keys) {
         if (Same(Trim(each.section), Trim(section)) && Same(Trim(each.key), Trim(key))) continue;
@@ -193,7 +223,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const string key = input.ConsumeRandomLengthString(40);
     const string value = input.ConsumeRandomLengthString(40);
     const string bytes = input.ConsumeRemainingBytesAsString();
-    const auto keys = KeysOf(Text(bytes));
+    const auto keys = Parse(Text(bytes)).keys;
     CheckReading(bytes, keys, section, key);
     CheckWriting(bytes, keys, section, key, value);
     // Names that the file has: these are the ones whose value changes in place.

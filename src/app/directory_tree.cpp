@@ -8,6 +8,7 @@
 #include "app/system_config.h"
 #include "platform/errors.h"
 #include "platform/files.h"
+#include "platform/folder.h"
 #include "text/strings.h"
 #include "views/screen.h"
 
@@ -62,9 +63,21 @@ void Attempt(const std::function<void()>& step) {
     }
 }
 
-void DeleteFolder(const std::string& path) {
-    Attempt([&] { platform::Kill(path + "\\*.*"); });
-    Attempt([&] { platform::RmDir(path); });
+// As the list shows it.
+std::string Listed(const std::string& name) {
+    return text::LowerCase(text::Trim(name));
+}
+
+// Deletes a directory with its files and, first, those of the given folders in it. It stays open
+// meanwhile, so that no step is led elsewhere.
+void DeleteFolder(const platform::Folder& parent, const std::string& name,
+                  const std::vector<std::string>& categories = {}) {
+    Attempt([&] {
+        const platform::Folder folder = parent.Sub(name);
+        for (const std::string& category : categories) DeleteFolder(folder, category);
+        folder.Kill();
+    });
+    Attempt([&] { parent.RmDir(name); });
 }
 
 }  // namespace
@@ -87,7 +100,7 @@ void RefreshDirectoryList(SysMan& window) {
     window.lstDirectory.Clear();
     for (const std::string& name : names) {
         if (name == "." || name == "..") continue;
-        window.lstDirectory.AddItem(text::LowerCase(text::Trim(name)));
+        window.lstDirectory.AddItem(Listed(name));
     }
     window.cmdDelete.SetEnabled(false);
     window.cmdMaterial.SetEnabled(false);
@@ -97,19 +110,18 @@ void RefreshDirectoryList(SysMan& window) {
 void DeleteDataDirectory(const SysMan& window) {
     const std::string name = window.lstDirectory.SelectedText();
     if (name.empty()) return;
-    const std::string path =
-        UserDataDir(window.drvList.Prefix()) + "\\" + KindFolder(window.Kind()) + "\\" + name;
-    // A link in the directory's place may lead to anybody's data.
-    bool mayDelete = false;
-    Attempt([&] { mayDelete = !platform::IsLink(path); });
-    if (!mayDelete) return;
-
     const std::vector<std::string> categories =
         window.Kind() == DataKind::kDesign
             ? std::vector<std::string>{"GEOMETRY"}
             : std::vector<std::string>{"COMP", "NEST", "TAPE", "GROUP"};
-    for (const std::string& category : categories) DeleteFolder(path + "\\" + category);
-    DeleteFolder(path);
+    Attempt([&] {
+        const platform::Folder parent(
+            UserDataDir(window.drvList.Prefix()) + "\\" + KindFolder(window.Kind()),
+            platform::Lookup::kOnlyMatch);
+        auto names = parent.Names(DirKinds::kFilesAndDirectories);
+        std::erase_if(names, [&](const std::string& other) { return Listed(other) != name; });
+        if (names.size() == 1) DeleteFolder(parent, names.front(), categories);
+    });
 }
 
 }  // namespace app

@@ -23,7 +23,7 @@ void RefreshDirectoryList(SysMan& window);
 
 // Deletes the directory that is selected in the window, with the files in its category folders.
 // What cannot be deleted is skipped: nested directories, protected files, links and all they lead
-// to, names that more than one directory matches.
+// to, names that cannot be addressed, an item that more than one directory may be meant by.
 void DeleteDataDirectory(const SysMan& window);
 
 }  // namespace app

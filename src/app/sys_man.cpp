@@ -11,6 +11,8 @@
 #include "materiallist/edit_material_list.h"
 #include "materiallist/material_list_table.h"
 #include "materialtypes/edit_material_types.h"
+#include "platform/drives.h"
+#include "platform/errors.h"
 #include "process/process_defaults.h"
 #include "views/application.h"
 #include "views/screen.h"
@@ -84,6 +86,10 @@ void SysMan::Load() {
         views::ShowWarning("Quarvel System Manager is already running", kTitle);
         Dismiss();  // without its Unload: nothing was read, so there is nothing to keep
         return;
+    }
+    if (drvList.Items().empty()) {
+        throw platform::FatalError("There is no drive. Drives are " + platform::DrivesPlace() +
+                                   ".");
     }
     LocateConfigFile();
     views::OnFailure([this] { SaveCurrentSysManDrive(*this); });

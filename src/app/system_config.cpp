@@ -18,12 +18,14 @@ namespace {
 constexpr std::size_t kRootBuffer = 256;
 constexpr std::size_t kShortBuffer = 3;
 
-bool Exists(const std::string& path) {
+// A file that cannot be reached is no missing one.
+bool IsMissing(const std::string& path) {
     try {
         platform::FileLen(path);
-        return true;
-    } catch (const platform::FileError&) {
         return false;
+    } catch (const platform::FileError& failure) {
+        return failure.Kind() == platform::FileErrorKind::kFileNotFound ||
+               failure.Kind() == platform::FileErrorKind::kPathNotFound;
     }
 }
 
@@ -60,7 +62,7 @@ void LocateConfigFile() {
     const std::string folder = StripNulls(platform::WindowsDirectory());
     std::string& path = TheConfig().ConfigFilePath;
     path = folder + "\\nestcfg32.ini";
-    if (!Exists(path)) path = folder + "\\nestcfg.ini";
+    if (IsMissing(path)) path = folder + "\\nestcfg.ini";
 }
 
 void ReadSystemConfig(SysMan& window) {
@@ -74,19 +76,14 @@ void ReadSystemConfig(SysMan& window) {
     config.CurrentSysManDrive = StripNulls(
         profile::Profile::LoadIfReadable(config.UserProfilePath())
             .Text("SystemManager", "CurrentSysManDrive", config.NestHomeDrive, kShortBuffer));
-    try {
-        window.drvList.SetDrive(config.CurrentSysManDrive);
-    } catch (const platform::FileError& failure) {
-        // Only a drive that cannot be selected is ignored, not what its listing runs into.
-        if (failure.Kind() != platform::FileErrorKind::kDeviceUnavailable) throw;
-    }
+    window.drvList.TrySetDrive(config.CurrentSysManDrive);
 }
 
 void SaveCurrentSysManDrive(const SysMan& window) {
     SystemConfig& config = TheConfig();
     config.CurrentSysManDrive = window.drvList.Drive().substr(0, 2);
-    profile::WriteKey(config.UserProfilePath(), "SystemManager", "CurrentSysManDrive",
-                      config.CurrentSysManDrive);
+    profile::WriteKeys(config.UserProfilePath(), "SystemManager",
+                       {{"CurrentSysManDrive", config.CurrentSysManDrive}});
 }
 
 }  // namespace app

@@ -4,7 +4,6 @@
 
 #include "app/sys_man.h"
 #include "app/system_config.h"
-#include "platform/errors.h"
 #include "platform/files.h"
 #include "views/screen.h"
 
@@ -52,20 +51,10 @@ void FrmBackup::Load() {
     optSelectedDir.SetEnabled(selected);
     (selected ? optSelectedDir : optAllDirectories).SetValue(true);
 
-    while (!SelectDestination("a:") && !SelectDestination("b:")) {
+    while (!drvDest.TrySetDrive("a:") && !drvDest.TrySetDrive("b:")) {
         const auto answer = views::TheScreen().Show(
             {"Please insert a floppy disk", kTitle, views::Buttons::kOkCancel, views::Icon::kNone});
         if (answer != views::Answer::kOk) return Close();
-    }
-}
-
-// False when there is no such drive, or no disk in it.
-bool FrmBackup::SelectDestination(const char* drive) {
-    try {
-        drvDest.SetDrive(drive);
-        return true;
-    } catch (const platform::FileError&) {
-        return false;
     }
 }
 

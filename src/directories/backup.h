@@ -46,7 +46,6 @@ class FrmBackup : public views::Form {
     void Load() override;
 
   private:
-    bool SelectDestination(const char* drive);
     BackupJob Job() const;
     void OkClick();
 

@@ -5,6 +5,7 @@
 
 #include "app/system_config.h"
 #include "platform/date_forms.h"
+#include "platform/errors.h"
 #include "platform/files.h"
 #include "platform/folder.h"
 #include "text/strings.h"
@@ -45,27 +46,42 @@ class Page {
 
     void PrintFiles(const std::string& path) {
         sortBox_.Clear();
-        for (const std::string& name : platform::Dir(path + "\\*.*", platform::DirKinds::kFiles)) {
-            sortBox_.AddItem(name);
-        }
-        if (sortBox_.Count() == 0) return printer_.PrintLine("<No files>");
-
-        const platform::Folder folder(path);
-        for (const std::string& name : sortBox_.Items()) {
-            // The nesting system may be at work in the directory: a file that is gone by now is
-            // left out.
-            if (const auto details = folder.Details(name)) PrintFile(name, *details);
+        try {
+            const auto folder = platform::Folder::IfThere(path);
+            if (folder) {
+                for (const std::string& name : folder->Names(platform::DirKinds::kFiles)) {
+                    sortBox_.AddItem(name);
+                }
+            }
+            bool any = false;
+            for (const std::string& name : sortBox_.Items()) {
+                if (PrintFile(*folder, name)) any = true;
+            }
+            if (!any) printer_.PrintLine("<No files>");
+        } catch (const platform::FileError& failure) {
+            printer_.PrintLine("<" + failure.Reason() + ">");
         }
     }
 
-    void PrintFile(const std::string& name, const platform::FileDetails& details) {
-        // A size that is wider than its column keeps its last digits.
-        const std::string size = std::string(kSizeWidth, ' ') + std::to_string(details.size);
+    // False when it is gone: the nesting system may be at work in the directory.
+    bool PrintFile(const platform::Folder& folder, const std::string& name) {
+        std::string size, date;
+        try {
+            const platform::FileDetails details = folder.Details(name);
+            // A size that is wider than its column keeps its last digits.
+            size = std::string(kSizeWidth, ' ') + std::to_string(details.size);
+            size.erase(0, size.size() - kSizeWidth);
+            date = dates_.GeneralDate(details.changed);
+        } catch (const platform::FileError& failure) {
+            if (failure.Kind() == platform::FileErrorKind::kFileNotFound) return false;
+            size = "<" + failure.Reason() + ">";
+        }
         printer_.Print(name);
         printer_.MoveTo(kSizeColumn);
-        printer_.Print(size.substr(size.size() - kSizeWidth));
-        printer_.MoveTo(kDateColumn);
-        printer_.PrintLine(dates_.GeneralDate(details.changed));
+        printer_.Print(size);
+        if (!date.empty()) printer_.MoveTo(kDateColumn);
+        printer_.PrintLine(date);
+        return true;
     }
 
     const Listing& listing_;
@@ -74,15 +90,15 @@ class Page {
     platform::DateForms dates_;
 };
 
-// The directories' names as the disk has them, by the lower-case form that the main window lists.
-// With them a path is found at once; else the platform would search the folder for every access.
-std::map<std::string, std::string> NamesOnDisk(const std::string& folder) {
-    std::map<std::string, std::string> names;
+// The directories' names as the disk has them, in the order in which the main window lists them, by
+// the form that it lists them in.
+using NamesOnDisk = std::multimap<std::string, std::string>;
+
+NamesOnDisk NamesIn(const std::string& folder) {
+    NamesOnDisk names;
     for (const std::string& name :
          platform::Dir(folder + "*.*", platform::DirKinds::kFilesAndDirectories)) {
-        const std::string listed = text::LowerCase(name);
-        const bool another = !names.emplace(listed, name).second;
-        if (another) names[listed] = listed;  // for the platform to decide which is meant
+        names.emplace(text::LowerCase(text::Trim(name)), name);
     }
     return names;
 }
@@ -93,14 +109,19 @@ void PrintListing(const Listing& listing, views::ListBox& sortBox, views::Printe
     const std::string folder = listing.drive + text::UpperCase(app::TheConfig().NestRootDir) +
                                "\\USER\\" +
                                (listing.kind == app::DataKind::kDesign ? "design\\" : "prod\\");
-    const auto names = NamesOnDisk(folder);
+    auto names = NamesIn(folder);
     Page page(listing, sortBox, printer);
     bool first = true;
-    for (const std::string& directory : listing.directories) {
+    for (std::size_t i = 0; i < listing.directories.size(); ++i) {
+        const std::string& directory = listing.directories[i];
+        // Of names that differ in case only, each stands for the next of its items.
+        const auto onDisk = names.find(directory);
+        const std::string name = onDisk == names.end() ? directory : onDisk->second;
+        if (onDisk != names.end()) names.erase(onDisk);
+        if (listing.only && *listing.only != i) continue;
         if (!first) printer.NewPage();
         first = false;
-        const auto onDisk = names.find(directory);
-        page.Print(directory, folder + (onDisk == names.end() ? directory : onDisk->second));
+        page.Print(directory, folder + name);
     }
 }
 

@@ -2,6 +2,8 @@
 // category folders and a line for each file.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,13 +25,14 @@ struct Category {
 struct Listing {
     std::string drive;  // letter and colon
     app::DataKind kind = app::DataKind::kDesign;
-    std::vector<std::string> directories;
+    std::vector<std::string> directories;  // all items of the main window's list
+    std::optional<std::size_t> only;       // the one to print, if not all
     std::vector<Category> categories;
 };
 
 // Prints the listing up to the end of its last page; ending the document is the caller's. The
-// names of each folder are sorted in `sortBox`. Throws platform::FileError for a folder that may
-// not be read; a missing one has no files.
+// names of each folder are sorted in `sortBox`. A missing folder has no files; for a folder or file
+// that cannot be read the reason is printed in its place.
 void PrintListing(const Listing& listing, views::ListBox& sortBox, views::Printer& printer);
 
 }  // namespace directories

@@ -1,5 +1,7 @@
 #include "directories/print_directory.h"
 
+#include <algorithm>
+
 #include "app/sys_man.h"
 #include "views/screen.h"
 
@@ -37,9 +39,10 @@ Listing FrmPrint::ChosenListing() const {
     Listing listing;
     listing.drive = main_.drvList.Prefix();
     listing.kind = main_.Kind();
-    listing.directories = optSelDir.Value()
-                              ? std::vector<std::string>{main_.lstDirectory.SelectedText()}
-                              : main_.lstDirectory.Items();
+    listing.directories = main_.lstDirectory.Items();
+    if (optSelDir.Value()) {
+        listing.only = static_cast<std::size_t>(std::max(0, main_.lstDirectory.ListIndex()));
+    }
     if (listing.kind == app::DataKind::kDesign) {
         listing.categories = {{"geometry", "Designs"}};
         return listing;

@@ -15,15 +15,6 @@ std::string ProfileIn(const std::string& userDir) {
     return userDir + "\\nestuser.ini";
 }
 
-// Unlike in the system's own data files there is a zero before the point, and a negative value
-// stays one: it is limited when it is read.
-std::string PrePiercingText(float thickness) {
-    std::string text = text::NumberText(thickness);
-    const std::size_t sign = text.front() == '-' ? 1 : 0;
-    if (text[sign] == '.') text.insert(sign, 1, '0');
-    return text;
-}
-
 }  // namespace
 
 bool NestOptionsChanged = false;
@@ -55,18 +46,13 @@ void ReadNestOptions(const std::string& userDir) {
 
 void WriteNestOptions(const std::string& userDir) {
     const NestOptions& options = TheNestOptions();
-    const std::string path = ProfileIn(userDir);
-    const auto write = [&](std::string_view key, std::string_view value) {
-        profile::WriteKey(path, kSection, key, value);
-    };
-    const auto writeFlag = [&](std::string_view key, int flag) {
-        write(key, flag != 0 ? "1" : "0");
-    };
-    writeFlag("AllowKerfProg", options.AllowKerfProg);
-    writeFlag("NestCheck", options.NestCheck);
-    writeFlag("TracePlateOutline", options.TracePlateOutline);
-    writeFlag("PrePiercingEnabled", options.PrePiercingEnabled);
-    write("PrePiercingThickness", PrePiercingText(options.PrePiercingThickness));
+    const auto flag = [](int value) { return value != 0 ? "1" : "0"; };
+    profile::WriteKeys(ProfileIn(userDir), kSection,
+                       {{"AllowKerfProg", flag(options.AllowKerfProg)},
+                        {"NestCheck", flag(options.NestCheck)},
+                        {"TracePlateOutline", flag(options.TracePlateOutline)},
+                        {"PrePiercingEnabled", flag(options.PrePiercingEnabled)},
+                        {"PrePiercingThickness", text::PlainText(options.PrePiercingThickness)}});
 }
 
 }  // namespace materiallist

@@ -24,8 +24,8 @@ void ResetNestOptions();
 // Reads the options from nestuser.ini of the user directory; what is missing takes its default.
 void ReadNestOptions(const std::string& userDir);
 
-// Writes the five keys; every other byte of the file stays. A profile that cannot be written is
-// silently not updated.
+// Writes the five keys, all or none; every other byte of the file stays. A negative thickness stays
+// one: it is limited when it is read. A profile that cannot be written is silently not updated.
 void WriteNestOptions(const std::string& userDir);
 
 }  // namespace materiallist

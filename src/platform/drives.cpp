@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "platform/errors.h"
@@ -60,10 +61,16 @@ std::vector<Drive> Drives() {
 
 bool DriveReady(char letter) {
     if (!IsLetter(letter)) return false;
-    // Opening it tells whether it may be read and answers, which its mere existence does not.
+    if (!g_drivesFolder) return native::DriveReady(static_cast<char>(letter | 0x20));
     std::error_code error;
-    fs::directory_iterator(DriveRoot(letter), error);
+    const native::Directory root(DriveRoot(letter), error);
+    if (!error) root.Entries(error, 1);
     return !error;
+}
+
+std::string DrivesPlace() {
+    if (!g_drivesFolder) return native::DrivesPlace();
+    return "the entries a to z of the folder " + g_drivesFolder->string();
 }
 
 std::string WindowsDirectory() {
@@ -77,8 +84,10 @@ fs::path Resolve(std::string_view path, Lookup lookup) {
     }
     fs::path native = DriveRoot(path[0]);
     std::error_code error;
-    if (!fs::exists(native, error)) {
-        throw FileError(FileErrorKind::kPathNotFound, shown, "the drive is not available");
+    const auto root = native::TypeOf(native, Links::kFollow, error);
+    if (error) throw FileError(native::KindOf(error), shown, error.message());
+    if (root == native::EntryType::kMissing) {
+        throw FileError(FileErrorKind::kPathNotFound, shown, "there is no such drive");
     }
     path.remove_prefix(2);
     while (!path.empty()) {
@@ -87,8 +96,7 @@ fs::path Resolve(std::string_view path, Lookup lookup) {
         path.remove_prefix(std::min(end + 1, path.size()));
         if (component.empty()) continue;  // a doubled backslash
         if (!IsValidName(component)) {
-            throw FileError(FileErrorKind::kPathFileAccess, shown,
-                            "\"" + std::string(component) + "\" cannot be a name");
+            throw BadName(shown, std::string(component));
         }
         try {
             native = native::FindEntry(native, component, lookup);

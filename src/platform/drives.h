@@ -30,6 +30,9 @@ std::vector<Drive> Drives();
 // Whether the drive (either case) is there and ready.
 bool DriveReady(char letter);
 
+// Where drives are looked for, in words for the operator.
+std::string DrivesPlace();
+
 // The Windows directory, where the configuration profile lies, without a trailing backslash.
 std::string WindowsDirectory();
 
@@ -41,7 +44,8 @@ enum class Lookup {
 
 // The native path. Components that exist come in their present spelling, the others as given.
 // Throws FileError: kPathNotFound when the drive is missing or the path has none,
-// kPathFileAccess when a component is a name that Windows refuses or more than one name matches.
+// kPathFileAccess when a component is a name that Windows refuses or more than one name matches,
+// and the platform's own reason when it cannot be found out what is there.
 std::filesystem::path Resolve(std::string_view path, Lookup lookup = Lookup::kAny);
 
 // The name of a directory entry in the system's character set, or nothing when it has characters

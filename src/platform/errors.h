@@ -28,7 +28,11 @@ enum class FileErrorKind {
 class FileError : public FatalError {
   public:
     FileError(FileErrorKind kind, const std::string& path, const std::string& reason)
-        : FatalError(path + ": " + reason), kind_(kind), path_(path), reason_(reason) {}
+        // A drive is "c:" already.
+        : FatalError(path + (path.ends_with(':') ? " " : ": ") + reason),
+          kind_(kind),
+          path_(path),
+          reason_(reason) {}
 
     FileErrorKind Kind() const { return kind_; }
     const std::string& Path() const { return path_; }
@@ -38,6 +42,13 @@ class FileError : public FatalError {
     FileErrorKind kind_;
     std::string path_;
     std::string reason_;
+};
+
+// A name that Windows refuses (kPathFileAccess). There is certainly no file of that name.
+class BadName : public FileError {
+  public:
+    BadName(const std::string& path, const std::string& name)
+        : FileError(FileErrorKind::kPathFileAccess, path, "\"" + name + "\" cannot be a name") {}
 };
 
 }  // namespace platform

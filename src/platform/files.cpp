@@ -21,6 +21,15 @@ void Check(std::string_view path, const std::error_code& error) {
     if (error) Fail(path, error);
 }
 
+// For what is made in a directory: that one is what is missing.
+void CheckParent(std::string_view path, const std::error_code& error) {
+    if (error && native::IsMissing(error)) {
+        throw FileError(FileErrorKind::kPathNotFound, std::string(path),
+                        "the directory that it belongs in is missing");
+    }
+    Check(path, error);
+}
+
 struct Split {
     std::string_view folder;  // without the last backslash
     std::string_view name;
@@ -56,125 +65,30 @@ bool Matches(std::string_view name, std::string_view pattern) {
     return pattern.find_first_not_of('*', p) == pattern.npos;
 }
 
-// Whether the folder can't be listed because it is not there (or is no folder).
-bool IsMissing(const std::error_code& error) {
-    const auto kind = native::KindOf(error);
-    return kind == FileErrorKind::kFileNotFound || kind == FileErrorKind::kPathNotFound;
-}
-
-// Runs `visit` for each entry of a native folder; false when the folder is not there.
-template <typename Visit>
-bool ForEachEntry(std::string_view path, const fs::path& folder, Visit visit) {
-    std::error_code error;
-    fs::directory_iterator at(folder, error);
-    if (error && IsMissing(error)) return false;
-    Check(path, error);
-    for (; at != fs::directory_iterator(); at.increment(error)) {
-        visit(*at);
-        if (error) break;
-    }
-    Check(path, error);
-    return true;
-}
-
 }  // namespace
 
 std::vector<std::string> Dir(std::string_view pattern, DirKinds kinds) {
     const Split split = SplitLast(pattern);
-    std::vector<std::string> names;
+    const auto folder = Folder::IfThere(split.folder);
+    if (!folder) return {};
+    auto names = folder->Names(kinds);
+    std::erase_if(names, [&](const std::string& name) { return !Matches(name, split.name); });
     const bool directories = kinds == DirKinds::kFilesAndDirectories;
-    const bool found =
-        ForEachEntry(pattern, Resolve(split.folder), [&](const fs::directory_entry& entry) {
-            const auto name = SystemName(entry.path().filename());
-            if (!name || !Matches(*name, split.name) || native::IsHidden(entry.path())) return;
-            std::error_code gone;
-            if (directories ? entry.exists(gone) : entry.is_regular_file(gone)) {
-                names.push_back(*name);
-            }
-        });
-    std::sort(names.begin(), names.end(), text::LessIgnoringCase);
     const bool belowRoot = split.folder.size() > 3;
-    if (found && directories && belowRoot && split.name == "*.*") {
-        names.insert(names.begin(), {".", ".."});
-    }
+    if (directories && belowRoot && split.name == "*.*") names.insert(names.begin(), {".", ".."});
     return names;
-}
-
-bool FileExists(std::string_view path) {
-    try {
-        std::error_code error;
-        return fs::is_regular_file(Resolve(path), error);
-    } catch (const FileError&) {
-        return false;
-    }
 }
 
 void MkDir(std::string_view path) {
     const fs::path target = Resolve(path);
     std::error_code error;
-    if (fs::symlink_status(target, error).type() != fs::file_type::not_found) {
+    const auto there = native::TypeOf(target, Links::kStay, error);
+    Check(path, error);
+    if (there != native::EntryType::kMissing) {
         throw FileError(FileErrorKind::kPathFileAccess, std::string(path), "exists already");
     }
-    if (!fs::is_directory(target.parent_path(), error)) {
-        throw FileError(FileErrorKind::kPathNotFound, std::string(path),
-                        "the directory that it belongs in is missing");
-    }
-    error.clear();
-    fs::create_directory(target, error);
-    Check(path, error);
-}
-
-bool IsLink(std::string_view path) {
-    return native::IsLink(Resolve(path));
-}
-
-void RmDir(std::string_view path) {
-    const fs::path target = Resolve(path, Lookup::kOnlyMatch);
-    std::error_code error;
-    const auto type = fs::symlink_status(target, error).type();
-    if (type == fs::file_type::not_found) {
-        throw FileError(FileErrorKind::kPathNotFound, std::string(path), "no such directory");
-    }
-    if (type != fs::file_type::directory || native::IsLink(target)) {
-        throw FileError(FileErrorKind::kPathFileAccess, std::string(path), "is not a directory");
-    }
-    error.clear();
-    fs::remove(target, error);
-    Check(path, error);
-}
-
-void Kill(std::string_view pattern) {
-    const Split split = SplitLast(pattern);
-    const fs::path folder = Resolve(split.folder, Lookup::kOnlyMatch);
-    if (native::IsLink(folder)) {
-        throw FileError(FileErrorKind::kPathFileAccess, std::string(pattern), "leads elsewhere");
-    }
-    // The names are collected first: removing while iterating may skip entries.
-    std::vector<fs::path> files;
-    const bool found = ForEachEntry(pattern, folder, [&](const fs::directory_entry& entry) {
-        std::error_code gone;
-        const auto name = SystemName(entry.path().filename());
-        const bool matches = split.name == "*.*" || (name && Matches(*name, split.name));
-        // A link to a directory stays like one.
-        const bool isDirectory = entry.is_directory(gone);
-        if (matches && !isDirectory) files.push_back(entry.path());
-    });
-    if (!found || files.empty()) {
-        throw FileError(FileErrorKind::kFileNotFound, std::string(pattern), "no file matches");
-    }
-    std::error_code failure;
-    for (const fs::path& file : files) {
-        std::error_code error;
-        if (native::IsReadOnly(file)) {
-            error = std::make_error_code(std::errc::permission_denied);
-        } else {
-            native::RemoveFile(file, error);
-        }
-        if (error && !failure) failure = error;
-    }
-    if (failure) {
-        throw FileError(FileErrorKind::kPathFileAccess, std::string(pattern), failure.message());
-    }
+    native::MakeDirectory(target, error);
+    CheckParent(path, error);
 }
 
 std::string ReadFile(std::string_view path) {
@@ -184,28 +98,28 @@ std::string ReadFile(std::string_view path) {
     return bytes;
 }
 
+std::optional<std::string> ReadFileIfThere(std::string_view path) {
+    try {
+        std::error_code error;
+        std::string bytes = native::ReadFile(Resolve(path), error);
+        if (error == native::ErrorOf(native::Refusal::kNotAFile)) return std::nullopt;
+        Check(path, error);
+        return bytes;
+    } catch (const BadName&) {
+        return std::nullopt;
+    } catch (const FileError& failure) {
+        if (failure.Kind() == FileErrorKind::kFileNotFound ||
+            failure.Kind() == FileErrorKind::kPathNotFound) {
+            return std::nullopt;
+        }
+        throw;
+    }
+}
+
 void ReplaceWholeFile(std::string_view path, std::string_view bytes) {
     std::error_code error;
-    fs::path target = Resolve(path);
-    // A link stays a link: the file that it leads to is replaced.
-    if (native::IsLink(target)) {
-        const fs::path real = fs::canonical(target, error);
-        if (!error) target = real;
-    }
-    error.clear();
-    if (fs::is_directory(target, error)) {
-        throw FileError(FileErrorKind::kPathFileAccess, std::string(path), "is a directory");
-    }
-    if (!fs::is_directory(target.parent_path(), error)) {
-        throw FileError(FileErrorKind::kPathNotFound, std::string(path),
-                        "the directory that it belongs in is missing");
-    }
-    if (native::IsReadOnly(target)) {
-        throw FileError(FileErrorKind::kPathFileAccess, std::string(path), "is read-only");
-    }
-    error.clear();
-    native::ReplaceWholeFile(target, bytes, error);
-    Check(path, error);
+    native::ReplaceWholeFile(Resolve(path), bytes, error);
+    CheckParent(path, error);
 }
 
 void FileCopy(std::string_view from, std::string_view to) {
@@ -213,17 +127,16 @@ void FileCopy(std::string_view from, std::string_view to) {
 }
 
 std::uintmax_t FileLen(std::string_view path) {
+    const fs::path file = Resolve(path);
     std::error_code error;
-    const std::uintmax_t size = fs::file_size(Resolve(path), error);
+    const native::Directory folder(file.parent_path(), error);
+    Check(path, error);
+    const auto size = folder.Details(file.filename(), error).size;
+    if (error == native::ErrorOf(native::Refusal::kNotAFile)) {
+        throw FileError(FileErrorKind::kFileNotFound, std::string(path), "no file of that name");
+    }
     Check(path, error);
     return size;
-}
-
-std::tm FileDateTime(std::string_view path) {
-    std::error_code error;
-    const std::tm time = native::LastChange(Resolve(path), error);
-    Check(path, error);
-    return time;
 }
 
 bool StartBatchFile(std::string_view path) {

@@ -1,8 +1,13 @@
-// What the two platforms do differently below drives.h and files.h; for this folder only.
+// What the two platforms do differently below drives.h, files.h and folder.h; for this folder only.
+//
+// Nothing here takes "cannot be found out" for "is not there": what is missing is reported as
+// kMissing or by IsMissing(error), every other failure by its own error.
 #pragma once
 
-#include <ctime>
+#include <cstdint>
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -10,46 +15,98 @@
 
 #include "platform/drives.h"
 #include "platform/errors.h"
+#include "platform/folder.h"
 
 namespace platform::native {
 
 namespace fs = std::filesystem;
 
+// Why the file layer itself refuses something that the platform would do.
+enum class Refusal {
+    kNotAFile = 1,   // a pipe, a device, a link to nothing or a directory where a file belongs
+    kNotADirectory,  // a file or a link where a directory of its own belongs
+    kReadOnly,       // the file is protected
+    kGroupLost,      // the new file would belong to another group, whose members it is not for
+    kNotAsWritten,   // the disk has not kept what was written
+    kChanging,       // the file gets shorter while it is read
+};
+std::error_code ErrorOf(Refusal refusal);
+
+// The last error of the platform's calls.
+std::error_code LastError();
+
+// The system's error kind for a code of the platform or a refusal.
+FileErrorKind KindOf(const std::error_code& error);
+FileErrorKind KindOfPlatform(const std::error_code& error);
+
+// Whether the error says that there is no such file or directory.
+inline bool IsMissing(const std::error_code& error) {
+    const auto kind = KindOf(error);
+    return kind == FileErrorKind::kFileNotFound || kind == FileErrorKind::kPathNotFound;
+}
+
 // The operator's own drives. DriveRoot is the directory behind a letter ('a' to 'z').
 std::vector<Drive> Drives();
 fs::path DriveRoot(char letter);
+bool DriveReady(char letter);
 void PrepareDrives();
+std::string DrivesPlace();
 std::string WindowsDirectory();
 
 // The entry of `folder` that a component addresses, in its present spelling; `name` itself where
-// none does. Throws when more than one matches.
+// none does. Throws FileError when more than one matches or it cannot be found out.
 fs::path FindEntry(const fs::path& folder, std::string_view name, Lookup lookup);
 
 // A name of the system's character set as a native one, and back.
 fs::path FromSystem(std::string_view name);
 std::optional<std::string> ToSystem(const fs::path& name);
 
-// Links and junctions, hidden and read-only entries; false when the entry is gone.
-bool IsLink(const fs::path& path);
-bool IsHidden(const fs::path& path);
-bool IsReadOnly(const fs::path& path);
+enum class EntryType {
+    kMissing,
+    kFile,
+    kDirectory,
+    kLink,   // of which it is not known yet where it leads
+    kOther,  // a pipe, a device
+};
 
-// Deletes one file or link, not a directory.
-void RemoveFile(const fs::path& path, std::error_code& error);
+// What is at the path, a link itself or what it leads to.
+EntryType TypeOf(const fs::path& path, Links links, std::error_code& error);
 
-// See platform::ReplaceWholeFile; `target` is resolved and its directory exists.
-void ReplaceWholeFile(const fs::path& target, std::string_view bytes, std::error_code& error);
+struct Entry {
+    fs::path name;
+    EntryType type;
+    bool hidden;
+};
 
+// A directory that stays the same one whatever happens to its name meanwhile.
+class Directory {
+  public:
+    Directory(const fs::path& path, std::error_code& error);
+    // The one of that name in another, if it is no link.
+    Directory(const Directory& parent, const fs::path& name, std::error_code& error);
+    Directory(Directory&&) noexcept;
+    ~Directory();
+
+    // Its entries but "." and "..", in no order; at most so many.
+    std::vector<Entry> Entries(std::error_code& error, std::size_t most = SIZE_MAX) const;
+    // What an entry is or leads to.
+    EntryType TypeOf(const fs::path& name, std::error_code& error) const;
+    FileDetails Details(const fs::path& name, std::error_code& error) const;
+    // A file or link, unless it is read-only; an empty directory that is no link.
+    void RemoveFile(const fs::path& name, std::error_code& error) const;
+    void RemoveFolder(const fs::path& name, std::error_code& error) const;
+
+  private:
+    struct Handle;
+    std::unique_ptr<Handle> handle_;
+};
+
+void MakeDirectory(const fs::path& path, std::error_code& error);
+
+// See files.h. The path of a link is that of what it leads to for both.
 std::string ReadFile(const fs::path& path, std::error_code& error);
-
-std::tm LastChange(const fs::path& path, std::error_code& error);
+void ReplaceWholeFile(const fs::path& path, std::string_view bytes, std::error_code& error);
 
 bool StartBatchFile(const fs::path& path, std::error_code& error);
-
-// The last error of the platform's calls.
-std::error_code LastError();
-
-// The system's error kind for a code of the platform.
-FileErrorKind KindOf(const std::error_code& error);
 
 }  // namespace platform::native

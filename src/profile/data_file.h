@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/files.h"
 #include "profile/profile.h"
@@ -18,10 +19,11 @@ inline std::string Numbered(std::string_view name, int n) {
 }
 
 // The file, opened and parsed once; nothing when there is none. Throws FileError when it cannot be
-// read.
+// read, or cannot be found out whether there is one.
 inline std::optional<Profile> LoadDataFile(const std::string& path) {
-    if (!platform::FileExists(path)) return std::nullopt;
-    return Profile(platform::ReadFile(path));
+    auto bytes = platform::ReadFileIfThere(path);
+    if (!bytes) return std::nullopt;
+    return Profile(std::move(*bytes));
 }
 
 // Reads the values of one file one after the other, each cut to the 254 characters that fit.

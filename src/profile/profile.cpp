@@ -69,7 +69,7 @@ Profile::Profile(std::string bytes) {
 }
 
 Profile Profile::Load(std::string_view path) {
-    return Profile(platform::FileExists(path) ? platform::ReadFile(path) : std::string());
+    return Profile(platform::ReadFileIfThere(path).value_or(std::string()));
 }
 
 Profile Profile::LoadIfReadable(std::string_view path) {

@@ -64,14 +64,16 @@ std::optional<std::string> WithKey(std::string_view bytes, std::string_view sect
     return written;
 }
 
-bool WriteKey(std::string_view path, std::string_view section, std::string_view key,
-              std::string_view value) {
+bool WriteKeys(std::string_view path, std::string_view section, const Pairs& pairs) {
     try {
-        const bool exists = platform::FileExists(path);
-        const std::string bytes = exists ? platform::ReadFile(path) : std::string();
-        const auto written = WithKey(bytes, section, key, value);
-        if (!written) return false;
-        if (!exists || *written != bytes) platform::ReplaceWholeFile(path, *written);
+        const auto before = platform::ReadFileIfThere(path);
+        std::string bytes = before.value_or(std::string());
+        for (const auto& [key, value] : pairs) {
+            auto written = WithKey(bytes, section, key, value);
+            if (!written) return false;
+            bytes = std::move(*written);
+        }
+        if (bytes != before) platform::ReplaceWholeFile(path, bytes);
         return true;
     } catch (const platform::FileError&) {
         return false;

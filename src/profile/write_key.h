@@ -1,9 +1,11 @@
-// One key of a profile file, written in place.
+// Keys of a profile file, written in place.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace profile {
 
@@ -16,10 +18,12 @@ namespace profile {
 std::optional<std::string> WithKey(std::string_view bytes, std::string_view section,
                                    std::string_view key, std::string_view value);
 
-// The same in a file, which is read just before and replaced whole or not at all; a missing file
-// is made. False, with the file as it was, when it cannot be read or replaced or there is
-// nothing to write.
-bool WriteKey(std::string_view path, std::string_view section, std::string_view key,
-              std::string_view value);
+// Keys with their values.
+using Pairs = std::vector<std::pair<std::string, std::string>>;
+
+// The same for several keys of a section in a file, which is read just before and replaced once,
+// whole or not at all; a missing file is made. False, with the file as it was, when it cannot be
+// found out what is in it, it cannot be replaced or one of the pairs cannot be written.
+bool WriteKeys(std::string_view path, std::string_view section, const Pairs& pairs);
 
 }  // namespace profile

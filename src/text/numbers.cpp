@@ -117,6 +117,28 @@ std::string NumberText(std::int32_t value) {
     return {buffer.data(), end};
 }
 
+std::string PlainText(float value) {
+    std::string text = NumberText(value);
+    const std::string sign = text.front() == '-' ? "-" : "";
+    text.erase(0, sign.size());
+    int exponent = 0;
+    if (const auto at = text.find('E'); at != text.npos) {
+        // from_chars takes no plus sign.
+        const auto digits = text.find_first_not_of("E+", at);
+        std::from_chars(text.data() + digits, text.data() + text.size(), exponent);
+        text.resize(at);
+    }
+    auto point = std::min(text.find('.'), text.size());
+    if (point < text.size()) text.erase(point, 1);
+    // Where the point belongs among the digits, zeros added at the end that lacks some.
+    const int place = static_cast<int>(point) + exponent;
+    if (place <= 0) text.insert(0, static_cast<std::size_t>(1 - place), '0');
+    point = static_cast<std::size_t>(std::max(place, 1));
+    if (point > text.size()) text.append(point - text.size(), '0');
+    if (point < text.size()) text.insert(point, 1, '.');
+    return sign + text;
+}
+
 std::string Str(float value) {
     return WithBlank(value);
 }

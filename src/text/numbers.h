@@ -30,4 +30,8 @@ std::string Str(std::int32_t value);
 std::string NumberText(float value);
 std::string NumberText(std::int32_t value);
 
+// The same digits without an exponent and with a zero before the point, for readers that know
+// neither: 10000000, 0.5, 0.00001.
+std::string PlainText(float value);
+
 }  // namespace text

@@ -142,19 +142,25 @@ std::string DriveList::Prefix() const {
 }
 
 void DriveList::SetDrive(std::string_view drive) {
+    if (TrySetDrive(drive)) return;
+    const std::string shown = drive.empty() ? "no drive" : std::string(drive.substr(0, 1)) + ":";
+    // There, but not ready, or not there at all; what cannot be found out has its own reason.
+    platform::Resolve(shown);
+    throw platform::FileError(platform::FileErrorKind::kDeviceUnavailable, shown,
+                              "the drive is not ready");
+}
+
+bool DriveList::TrySetDrive(std::string_view drive) {
     Refresh();
     const auto found = std::find_if(items_.begin(), items_.end(), [&](const std::string& item) {
         return text::EqualIgnoringCase(item.substr(0, 1), drive.substr(0, 1));
     });
-    if (found == items_.end() || !platform::DriveReady(found->front())) {
-        throw platform::FileError(platform::FileErrorKind::kDeviceUnavailable,
-                                  std::string(drive.substr(0, 1)) + ":",
-                                  "the drive is not available");
-    }
+    if (found == items_.end() || !platform::DriveReady(found->front())) return false;
     const bool another = found->substr(0, 1) != drive_.substr(0, 1);
     drive_ = *found;
     Changed(Aspect::kIndex);
     if (another && onChange) onChange();
+    return true;
 }
 
 int DriveList::Index() const {

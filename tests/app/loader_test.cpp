@@ -79,24 +79,11 @@ TEST_F(Loader, FillsNamesRangesAndCodes) {
     EXPECT_EQ(TheProcesses().ProcessNames[1], longName);
     EXPECT_EQ(TheProcesses().ProcessThicknessMin[1], -3);
     EXPECT_EQ(TheProcesses().ProcessThicknessMax[1], 0);
-    EXPECT_EQ(TheProcesses().ProcessThicknessMin[2], 0);
-    EXPECT_EQ(TheProcesses().ProcessThicknessMax[2], 0);
     EXPECT_EQ(TheMaterialTypes().Codes[0], "ms");
     EXPECT_EQ(TheMaterialTypes().Codes[1], "SS");
     EXPECT_EQ(TheProcesses().Process(1).Rapid, 7);
     EXPECT_EQ(TheMaterialTypes().Record(1).Density, 8);
     EXPECT_EQ(screen.TakeLog(), Log{});
-}
-
-TEST_F(Loader, TheSourceDecidesWhoseListIsRead) {
-    for (const int source : {1, 2, 3}) {
-        materiallist::MaterialListSource = source;
-        TheMaterialList().EntryCount = 150;
-        ASSERT_TRUE(app::LoadForMaterialList());
-        EXPECT_EQ(Counts(), "1 1 1");
-        EXPECT_EQ(TheMaterialList().Entry(1).MaterialType.View().substr(0, 3),
-                  source == 1 ? "MS " : "SS ");
-    }
 }
 
 TEST_F(Loader, AMissingFileEndsTheLoadWithTwoMessages) {
@@ -105,6 +92,7 @@ TEST_F(Loader, AMissingFileEndsTheLoadWithTwoMessages) {
         const std::string bytes = drives.Read(kSystem + name);
         std::filesystem::remove(drives.Path(kSystem + name));
         TheMaterialList().EntryCount = TheProcesses().ProcessCount = TheMaterialTypes().Count = 9;
+        materiallist::MaterialListSource = 1;
         EXPECT_FALSE(app::LoadForMaterialList());
         EXPECT_EQ(Counts(), counts);
         Log expected = Warning("File c:\\tolvarin\\system\\" + name + " is not found");
@@ -120,14 +108,18 @@ TEST_F(Loader, AMissingFileEndsTheLoadWithTwoMessages) {
 }
 
 TEST_F(Loader, OverCapacityIsFatal) {
-    const auto failure = [] {
+    const auto failure = []() -> std::string {
         try {
             app::LoadForMaterialList();
         } catch (const platform::FatalError& error) {
-            return std::string(error.what());
+            return error.what();
         }
-        return std::string();
+        return {};
     };
+    // A job's own list.
+    materiallist::MaterialListSource = 3;
+    EXPECT_EQ(failure(), "");
+    EXPECT_EQ(TheMaterialList().Entry(1).MaterialType.View().substr(0, 3), "SS ");
     std::string processes = "[Processes]\r\n", types = "[Materials]\r\n";
     const auto add = [](std::string& file, const char* key, int n) {
         file += key + std::to_string(n) + "=N" + std::to_string(n) + "\r\n";

@@ -56,21 +56,21 @@ TEST_F(CreatingDirectories, AProductionDirectoryHasItsFoldersAndTheDefaultList) 
     EXPECT_EQ(screen.TakeLog(), Log{});
 }
 
-TEST_F(CreatingDirectories, ADesignDirectoryHasOneFolderAndOpensNothing) {
+TEST_F(CreatingDirectories, OnAnotherDriveTheListStillComesFromTheHomeDrive) {
     Prepare(DataKind::kDesign, "", "d:");
     Enter("PLATES");
     EXPECT_EQ(drives.Count("d:\\tolvarin\\USER\\DESIGN\\PLATES"), 1);
     EXPECT_EQ(drives.Count("d:\\tolvarin\\USER\\DESIGN\\PLATES\\GEOMETRY"), 0);
     EXPECT_EQ(main.lstDirectory.SelectedText(), "plates");
-    EXPECT_FALSE(main.cmdMaterial.Enabled());
-    EXPECT_FALSE(materiallist::DirectoryCreated);
-}
-
-TEST_F(CreatingDirectories, TheListAlwaysComesFromTheHomeDrive) {
+    EXPECT_FALSE(main.cmdMaterial.Enabled() || materiallist::DirectoryCreated);
     Prepare(DataKind::kProduction, "", "d:");
     Enter("M\xDCLL");
     EXPECT_EQ(drives.Read("d:\\tolvarin\\USER\\PROD\\M\xDCLL\\MATERIAL.DAT"), "; default\r\n");
     EXPECT_EQ(main.lstDirectory.SelectedText(), "m\xFCll");
+#ifndef _WIN32  // Wine hides such names
+    Enter(".job1");
+    EXPECT_EQ(main.lstDirectory.SelectedText(), ".job1");
+#endif
 }
 
 TEST_F(CreatingDirectories, InvalidNamesAreRefusedWithABeep) {
@@ -86,6 +86,7 @@ TEST_F(CreatingDirectories, InvalidNamesAreRefusedWithABeep) {
         });
         EXPECT_EQ(screen.TakeLog(), (Log{"beep", kInvalidBox})) << name;
     }
+    Enter("   ", [](CreateDir& window) { EXPECT_TRUE(window.IsOpen()); });
     EXPECT_EQ(drives.Count(kProduction), 0);
     EXPECT_FALSE(materiallist::DirectoryCreated);
 
@@ -93,16 +94,6 @@ TEST_F(CreatingDirectories, InvalidNamesAreRefusedWithABeep) {
     Enter(" " + longest + " ");
     EXPECT_EQ(main.lstDirectory.SelectedText(), longest);
     EXPECT_EQ(screen.TakeLog(), Log{});
-}
-
-TEST_F(CreatingDirectories, AnEmptyNameDoesNothing) {
-    Prepare(DataKind::kDesign);
-    Enter("   ", [](CreateDir& window) {
-        EXPECT_TRUE(window.IsOpen());
-        EXPECT_EQ(window.txtDirName.Text(), "");
-    });
-    EXPECT_EQ(screen.TakeLog(), Log{});
-    EXPECT_EQ(drives.Count(kDesign), 0);
 }
 
 TEST_F(CreatingDirectories, WhatIsThereIsLeftAndNamesTheSystemRefusesCountAsThere) {
@@ -152,16 +143,6 @@ TEST_F(CreatingDirectories, AMissingDefaultListEndsTheRunAfterTheFoldersAreMade)
     EXPECT_EQ(views::ExitStatus(), 1);
     EXPECT_EQ(drives.Count(kProduction + "JOB1"), 4);
     EXPECT_FALSE(materiallist::DirectoryCreated);
-}
-
-TEST_F(CreatingDirectories, AMissingKindFolderIsNoExistingDirectory) {
-    Prepare(DataKind::kDesign);
-    std::filesystem::remove(drives.Path("c:\\tolvarin\\USER\\DESIGN"));
-    Enter("PLATES");
-    EXPECT_EQ(screen.TakeLog(),
-              Log{test::Box(kTitle, kDesign + "PLATES: the directory that it belongs in is missing",
-                            "OK", "critical")});
-    EXPECT_EQ(views::ExitStatus(), 1);
 }
 
 }  // namespace

@@ -10,7 +10,16 @@
 #include "platform/errors.h"
 #include "tests/support/temp_drives.h"
 
+#ifndef _WIN32
+#include <grp.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
 namespace {
+
+namespace fs = std::filesystem;
 
 using platform::Dir;
 using platform::DirKinds;
@@ -40,6 +49,7 @@ TEST_F(Files, DirListsSortedWithoutRegardToCase) {
         drives.Write(std::string("c:\\data\\") + name, "");
     }
     drives.MakeDir("c:\\data\\Sub");
+    EXPECT_EQ(Dir("c:\\data\\sub\\*.*", DirKinds::kFilesAndDirectories), (Names{".", ".."}));
     EXPECT_EQ(Dir("c:\\DATA\\*.*", DirKinds::kFiles),
               (Names{"Alpha.TXT", "beta.txt", "gamma", "_x"}));
     EXPECT_EQ(Dir("c:\\data\\*.*", DirKinds::kFilesAndDirectories),
@@ -49,12 +59,6 @@ TEST_F(Files, DirListsSortedWithoutRegardToCase) {
     EXPECT_EQ(Dir("c:\\missing\\*.*", DirKinds::kFilesAndDirectories), Names{});
     EXPECT_EQ(Dir("c:\\data\\gamma\\*.*", DirKinds::kFiles), Names{});
     EXPECT_EQ(Dir("c:\\*.*", DirKinds::kFilesAndDirectories), Names{"data"});
-}
-
-TEST_F(Files, AnEmptyDirectoryStillHoldsItsDots) {
-    drives.MakeDir("c:\\empty");
-    EXPECT_EQ(Dir("c:\\empty\\*.*", DirKinds::kFilesAndDirectories), (Names{".", ".."}));
-    EXPECT_EQ(Dir("c:\\empty\\*.*", DirKinds::kFiles), Names{});
 }
 
 TEST_F(Files, MissingDrivesAndRefusedNamesFail) {
@@ -90,17 +94,18 @@ TEST_F(Files, KillAndRmDirLeaveWhatTheyMayNotTouch) {
     drives.Write("c:\\job\\kept.txt", "3");
     drives.Write("c:\\job\\sub\\inner.txt", "4");
     drives.SetReadOnly("c:\\job\\kept.txt", true);
-    EXPECT_EQ(KindOf([] { platform::Kill("c:\\JOB\\*.*"); }), FileErrorKind::kPathFileAccess);
+    const platform::Folder drive("c:"), job = drive.Sub("JOB");
+    EXPECT_EQ(KindOf([&] { job.Kill(); }), FileErrorKind::kPathFileAccess);
     EXPECT_EQ(drives.Count("c:\\job"), 2);
     EXPECT_EQ(drives.Read("c:\\job\\kept.txt"), "3");
     EXPECT_EQ(drives.Read("c:\\job\\sub\\inner.txt"), "4");
-    EXPECT_EQ(KindOf([] { platform::RmDir("c:\\job"); }), FileErrorKind::kPathFileAccess);
-    EXPECT_EQ(KindOf([] { platform::RmDir("c:\\job\\kept.txt"); }), FileErrorKind::kPathFileAccess);
-    EXPECT_EQ(KindOf([] { platform::RmDir("c:\\missing"); }), FileErrorKind::kPathNotFound);
-    EXPECT_EQ(KindOf([] { platform::Kill("c:\\missing\\*.*"); }), FileErrorKind::kFileNotFound);
-    platform::Kill("c:\\job\\sub\\INNER.*");
-    EXPECT_EQ(KindOf([] { platform::Kill("c:\\job\\sub\\*.*"); }), FileErrorKind::kFileNotFound);
-    platform::RmDir("c:\\job\\SUB");
+    EXPECT_EQ(KindOf([&] { drive.RmDir("job"); }), FileErrorKind::kPathFileAccess);
+    EXPECT_EQ(KindOf([&] { job.RmDir("kept.txt"); }), FileErrorKind::kPathNotFound);
+    EXPECT_EQ(KindOf([&] { drive.RmDir("missing"); }), FileErrorKind::kPathNotFound);
+    EXPECT_EQ(KindOf([&] { drive.Sub("missing"); }), FileErrorKind::kPathNotFound);
+    job.Sub("SUB").Kill();
+    EXPECT_EQ(KindOf([&] { job.Sub("SUB").Kill(); }), FileErrorKind::kFileNotFound);
+    job.RmDir("SUB");
     EXPECT_FALSE(drives.Exists("c:\\job\\sub"));
 }
 
@@ -122,27 +127,10 @@ TEST_F(Files, ReplaceFileKeepsSpellingAndLeavesNothingBehind) {
     EXPECT_EQ(drives.Count("c:\\"), 2);
 }
 
-TEST_F(Files, CopiesAndMeasures) {
-    drives.Write("c:\\material.dat", "12345\r\n");
-    drives.SetReadOnly("c:\\material.dat", true);
-    platform::FileCopy("c:\\MATERIAL.DAT", "d:\\MATERIAL.DAT");
-    EXPECT_EQ(drives.Read("d:\\MATERIAL.DAT"), "12345\r\n");
-    platform::ReplaceWholeFile("d:\\material.dat",
-                               "");  // the copy of a read-only list can be saved
-    EXPECT_EQ(platform::FileLen("c:\\material.dat"), 7u);
-    EXPECT_EQ(KindOf([] { platform::FileLen("c:\\no"); }), FileErrorKind::kFileNotFound);
-    EXPECT_TRUE(platform::FileExists("c:\\Material.Dat"));
-    EXPECT_FALSE(platform::FileExists("c:\\"));
-    EXPECT_GE(platform::FileDateTime("d:\\material.dat").tm_year, 124);
-}
-
 TEST_F(Files, DrivesAreTheEntriesThatCanBeRead) {
-    const auto found = platform::Drives();
-    ASSERT_EQ(found.size(), 2u);
-    EXPECT_EQ(found[0].letter, 'c');
-    EXPECT_EQ(found[1].letter, 'd');
-    EXPECT_TRUE(platform::DriveReady('D'));
-    std::filesystem::remove(drives.Folder() / "d");
+    EXPECT_EQ(platform::Drives().size(), 2u);
+    EXPECT_TRUE(platform::DriveReady('c') && platform::DriveReady('D'));
+    fs::remove(drives.Folder() / "d");
     EXPECT_FALSE(platform::DriveReady('d'));
     EXPECT_EQ(platform::WindowsDirectory(), "c:\\windows");
 }
@@ -155,40 +143,103 @@ TEST_F(Files, NamesThatDifferOnlyInCaseAreNeverGuessed) {
     EXPECT_EQ(platform::ReadFile("c:\\job\\a"), "lower");
     EXPECT_EQ(KindOf([] { platform::ReadFile("c:\\Job\\a"); }), FileErrorKind::kPathFileAccess);
     // Even the exact spelling: what is shown in lower case may mean the other.
-    EXPECT_EQ(KindOf([] { platform::Kill("c:\\job\\*.*"); }), FileErrorKind::kPathFileAccess);
-    EXPECT_EQ(KindOf([] { platform::RmDir("c:\\job"); }), FileErrorKind::kPathFileAccess);
+    const platform::Folder drive("c:");
+    EXPECT_EQ(KindOf([&] { drive.Sub("job"); }), FileErrorKind::kPathFileAccess);
+    EXPECT_EQ(KindOf([&] { drive.RmDir("job"); }), FileErrorKind::kPathFileAccess);
     EXPECT_EQ(drives.Read("c:\\JOB\\a"), "upper");
 }
 
-TEST_F(Files, LinksAreNotFollowedIntoDeletion) {
+TEST_F(Files, OfALinkedFileTheLinkIsDeletedAndTheFileSaved) {
     drives.Write("d:\\precious\\file", "keep");
-    drives.Write("c:\\job\\own", "");
-    std::filesystem::create_symlink(drives.Path("d:\\precious"), drives.Path("c:\\job\\COMP"));
-    std::filesystem::create_symlink(drives.Path("d:\\precious\\file"), drives.Path("c:\\job\\lnk"));
-    EXPECT_EQ(KindOf([] { platform::Kill("c:\\job\\COMP\\*.*"); }), FileErrorKind::kPathFileAccess);
-    EXPECT_EQ(KindOf([] { platform::RmDir("c:\\job\\COMP"); }), FileErrorKind::kPathFileAccess);
-    platform::Kill("c:\\job\\*.*");  // the link to the file goes, not the file
-    EXPECT_EQ(drives.Count("c:\\job"), 1);
-    EXPECT_EQ(drives.Read("d:\\precious\\file"), "keep");
-    // A save goes through a link, which stays one.
-    std::filesystem::create_symlink(drives.Path("d:\\precious\\file"), drives.Path("c:\\lnk"));
-    platform::ReplaceWholeFile("c:\\lnk", "new");
+    drives.MakeDir("c:\\job");
+    fs::create_symlink(drives.Path("d:\\precious\\file"), drives.Path("c:\\job\\lnk"));
+    platform::ReplaceWholeFile("c:\\job\\lnk", "new");
     EXPECT_EQ(drives.Read("d:\\precious\\file"), "new");
-    EXPECT_TRUE(platform::IsLink("c:\\lnk"));
+    EXPECT_TRUE(fs::is_symlink(drives.Path("c:\\job\\lnk")));
+    platform::Folder("c:").Sub("job").Kill();
+    EXPECT_EQ(drives.Count("c:\\job"), 0);
+    EXPECT_EQ(drives.Read("d:\\precious\\file"), "new");
 }
 
-TEST_F(Files, PermissionsSurviveASaveAndForeignNamesAreLeftOut) {
-    drives.Write("c:\\data.dat", "");
-    namespace fs = std::filesystem;
-    fs::permissions(drives.Path("c:\\data.dat"), fs::perms(0640));
-    platform::ReplaceWholeFile("c:\\data.dat", "x");
-    EXPECT_EQ(fs::status(drives.Path("c:\\data.dat")).permissions(), fs::perms(0640));
-    drives.Write("c:\\list\\ok", "");
-    std::ofstream(drives.Path("c:\\list") / "\xCE\xA9");     // a letter the set lacks
-    std::ofstream(drives.Path("c:\\list") / "bad\xFFname");  // no text at all
-    EXPECT_EQ(Dir("c:\\list\\*.*", DirKinds::kFiles), Names{"ok"});
-    platform::Kill("c:\\list\\*.*");
-    EXPECT_EQ(drives.Count("c:\\list"), 0);
+TEST_F(Files, ListsLeaveOutWhatCannotBeAddressed) {
+    for (const char* name : {".job1", "JOB1", "job1", "ok"}) {
+        drives.Write(std::string("c:\\list\\") + name, "");
+    }
+    for (const char* name : {"\xCE\xA9", "bad\xFFname", "sub\\dir", "a:b", "end.", "CON"}) {
+        std::ofstream(drives.Path("c:\\list") / name);
+    }
+    EXPECT_EQ(Dir("c:\\list\\*.*", DirKinds::kFiles), (Names{".job1", "JOB1", "job1", "ok"}));
+}
+
+TEST_F(Files, ASaveGoesToARegularFileOrIsRefused) {
+    const auto kindOf = [&](const char* name) {
+        return fs::symlink_status(drives.Path(name)).type();
+    };
+    ASSERT_EQ(mkfifo(drives.Path("c:\\pipe").c_str(), 0600), 0);
+    fs::create_symlink("pipe", drives.Path("c:\\to pipe"));
+    fs::create_symlink("nothing", drives.Path("c:\\to nothing"));
+    fs::create_symlink("loop", drives.Path("c:\\loop"));
+    for (const char* name : {"c:\\pipe", "c:\\to pipe", "c:\\to nothing", "c:\\loop"}) {
+        const auto before = kindOf(name);
+        EXPECT_EQ(KindOf([&] { platform::ReplaceWholeFile(name, "x"); }),
+                  FileErrorKind::kPathFileAccess)
+            << name;
+        EXPECT_EQ(kindOf(name), before) << name;
+    }
+    EXPECT_EQ(drives.Count("c:\\"), 4);
+}
+
+// Runs in a process of another person, when there can be one; what it returns.
+int As(uid_t person, gid_t group, const std::function<int()>& work) {
+    const pid_t child = fork();
+    if (child == 0) {
+        if (geteuid() == 0 &&
+            (setgroups(1, &group) != 0 || setresgid(person, person, person) != 0 ||
+             setresuid(person, person, person) != 0)) {
+            _exit(9);
+        }
+        _exit(work());
+    }
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST_F(Files, AColleagueOfTheGroupCanStillReadWhatWasSaved) {
+    if (geteuid() != 0) GTEST_SKIP() << "only the superuser can be two persons";
+    const fs::path folder = drives.Path("c:\\"), file = drives.Path("c:\\shared.dat");
+    fs::permissions(drives.Folder(), fs::perms(0755));
+    drives.Write("c:\\shared.dat", "old");
+    ASSERT_EQ(chown(file.c_str(), 60001, 60000) + chown(folder.c_str(), 60001, 60000), 0);
+    ASSERT_EQ(chmod(file.c_str(), 0660) + chmod(folder.c_str(), 0770), 0);
+    const auto save = [] { platform::ReplaceWholeFile("c:\\shared.dat", "new"); };
+    EXPECT_EQ(As(60002, 60000, [&] { return save(), 0; }), 0);
+    struct stat info;
+    stat(file.c_str(), &info);
+    EXPECT_EQ(info.st_gid, 60000u);
+    EXPECT_EQ(info.st_mode & 0777, 0660u);
+    // Where the group cannot be kept, the file is.
+    ASSERT_EQ(chmod(file.c_str(), 0666) + chmod(folder.c_str(), 0777), 0);
+    EXPECT_EQ(
+        As(60003, 60003, [&] { return KindOf(save) == FileErrorKind::kPathFileAccess ? 0 : 1; }),
+        0);
+    EXPECT_EQ(drives.Count("c:\\"), 1);
+    EXPECT_EQ(drives.Read("c:\\shared.dat"), "new");
+}
+
+TEST_F(Files, ADirectoryThatMayNotBeReadHidesNoOtherSpelling) {
+    drives.Write("c:\\drop\\PROCESS.DAT", "old");
+    fs::permissions(drives.Folder(), fs::perms(0755));
+    for (const unsigned mode : {0333u, 0600u}) {
+        chmod(drives.Path("c:\\drop").c_str(), mode);
+        const int refused = As(60002, 60000, [] {
+            const auto save = [] { platform::ReplaceWholeFile("c:\\drop\\process.dat", "x"); };
+            return KindOf(save) == FileErrorKind::kPathFileAccess ? 0 : 1;
+        });
+        EXPECT_EQ(refused, 0) << mode;
+    }
+    chmod(drives.Path("c:\\drop").c_str(), 0755);
+    EXPECT_EQ(drives.Count("c:\\drop"), 1);
 }
 
 #endif

@@ -8,6 +8,7 @@
 #include <random>
 
 #include "platform/drives.h"
+#include "platform/single_instance.h"
 #include "text/code_page.h"
 
 namespace test {
@@ -24,19 +25,13 @@ fs::path NewFolder() {
     }
 }
 
-void UseSessionOf([[maybe_unused]] const fs::path& folder) {
-#ifndef _WIN32
-    setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
-#endif
-}
-
 }  // namespace
 
 TempDrives::TempDrives() : folder_(NewFolder()) {
     fs::create_directory(folder_ / "c");
     fs::create_directory(folder_ / "d");
     platform::MapDrives(folder_);
-    UseSessionOf(folder_);
+    platform::SingleInstance::Suffix() = folder_.filename().string();
 }
 
 TempDrives::~TempDrives() {

@@ -1,10 +1,6 @@
 // The file layer on Linux: drives are entries of a folder, names are UTF-8 and case counts.
 #include "platform/native.h"
 
-#include <dirent.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdlib>
 
@@ -28,7 +24,7 @@ std::error_code LastError() {
     return {errno, std::generic_category()};
 }
 
-FileErrorKind KindOf(const std::error_code& error) {
+FileErrorKind KindOfPlatform(const std::error_code& error) {
     switch (error.value()) {
         case ENOENT:
             return FileErrorKind::kFileNotFound;
@@ -80,6 +76,18 @@ fs::path DriveRoot(char letter) {
     return DrivesFolder() / std::string(1, letter);
 }
 
+bool DriveReady(char letter) {
+    // Reading it tells whether it answers, which its mere existence does not.
+    std::error_code error;
+    const Directory root(DriveRoot(letter), error);
+    if (!error) root.Entries(error, 1);
+    return !error;
+}
+
+std::string DrivesPlace() {
+    return "the entries a to z of the folder " + DrivesFolder().native();
+}
+
 std::string WindowsDirectory() {
     return "c:\\windows";
 }
@@ -94,56 +102,29 @@ std::optional<std::string> ToSystem(const fs::path& name) {
 
 fs::path FindEntry(const fs::path& folder, std::string_view name, Lookup lookup) {
     const fs::path exact = folder / FromSystem(name);
-    struct stat info;
-    if (lookup == Lookup::kAny && lstat(exact.c_str(), &info) == 0) return exact;
-
-    DIR* stream = opendir(folder.c_str());
-    if (stream == nullptr) return exact;
-    fs::path match;
-    int matches = 0;
-    while (const dirent* entry = readdir(stream)) {
-        const auto candidate = text::FromUtf8(entry->d_name);
-        if (candidate && text::EqualIgnoringCase(*candidate, name)) {
-            match = folder / entry->d_name;
-            ++matches;
-        }
+    const auto check = [&](const std::error_code& error) {
+        if (error) throw FileError(KindOf(error), std::string(name), error.message());
+    };
+    std::error_code error;
+    if (lookup == Lookup::kAny) {
+        const auto type = TypeOf(exact, Links::kStay, error);
+        check(error);
+        if (type != EntryType::kMissing) return exact;
     }
-    closedir(stream);
-    if (matches > 1) {
+    const Directory directory(folder, error);
+    if (error && IsMissing(error)) return exact;
+    check(error);
+    std::vector<fs::path> matches;
+    for (Entry& entry : directory.Entries(error)) {
+        const auto candidate = ToSystem(entry.name);
+        if (candidate && text::EqualIgnoringCase(*candidate, name)) matches.push_back(entry.name);
+    }
+    check(error);
+    if (matches.size() > 1) {
         throw FileError(FileErrorKind::kPathFileAccess, std::string(name),
                         "more than one name matches \"" + std::string(name) + "\"");
     }
-    return matches == 1 ? match : exact;
-}
-
-bool IsLink(const fs::path& path) {
-    struct stat info;
-    return lstat(path.c_str(), &info) == 0 && S_ISLNK(info.st_mode);
-}
-
-bool IsHidden(const fs::path& path) {
-    return path.filename().native().starts_with('.');
-}
-
-bool IsReadOnly(const fs::path& path) {
-    struct stat info;
-    // Of a link the link itself would go, and a link has no permissions of its own.
-    if (lstat(path.c_str(), &info) != 0 || S_ISLNK(info.st_mode)) return false;
-    // The mode is looked at as well because the superuser is let through by access().
-    return (info.st_mode & S_IWUSR) == 0 || access(path.c_str(), W_OK) != 0;
-}
-
-void RemoveFile(const fs::path& path, std::error_code& error) {
-    if (unlink(path.c_str()) != 0) error = LastError();
-}
-
-std::tm LastChange(const fs::path& path, std::error_code& error) {
-    struct stat info = {};
-    std::tm time = {};
-    if (stat(path.c_str(), &info) != 0 || localtime_r(&info.st_mtime, &time) == nullptr) {
-        error = LastError();
-    }
-    return time;
+    return matches.empty() ? exact : folder / matches.front();
 }
 
 bool StartBatchFile(const fs::path&, std::error_code&) {

@@ -1,27 +1,40 @@
 #include "platform/single_instance.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
+
+#include "platform/errors.h"
+#include "platform/native.h"
 
 namespace platform {
 
-// A lock on a file in the run-time directory of the operator's session. It goes with the process,
-// whereas a process number written into a file may live again in another program.
+// A name for a socket that is in no file system: it needs no directory, is the same whatever the
+// environment says, and goes with the process.
 SingleInstance::SingleInstance() {
-    const char* folder = std::getenv("XDG_RUNTIME_DIR");
-    const std::string name = folder != nullptr && folder[0] == '/'
-                                 ? std::string(folder) + "/quarvel-sysman.lock"
-                                 : "/tmp/quarvel-sysman-" + std::to_string(getuid()) + ".lock";
-    const int file = open(name.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
-    if (file < 0) return;  // where no lock can be kept, the program still has to work
-    handle_ = reinterpret_cast<void*>(static_cast<std::intptr_t>(file) + 1);
-    anotherIsRunning_ = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    const std::string name = "quarvel-sysman-" + std::to_string(getuid()) + Suffix();
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    const std::size_t length = std::min(name.size(), sizeof address.sun_path - 1);
+    std::copy_n(name.begin(), length, address.sun_path + 1);  // behind a NUL
+    const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + length);
+
+    const int file = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const bool failed =
+        file < 0 || bind(file, reinterpret_cast<const sockaddr*>(&address), size) != 0;
+    const std::error_code error = failed ? native::LastError() : std::error_code();
+    if (file >= 0) handle_ = reinterpret_cast<void*>(static_cast<std::intptr_t>(file) + 1);
+    anotherIsRunning_ = error.value() == EADDRINUSE;
+    if (error && !anotherIsRunning_) {
+        throw FatalError("Whether another System Manager is running cannot be found out: " +
+                         error.message());
+    }
 }
 
 SingleInstance::~SingleInstance() {

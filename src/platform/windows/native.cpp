@@ -3,21 +3,10 @@
 
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include "text/code_page.h"
 
 namespace platform::native {
 namespace {
-
-DWORD AttributesOf(const fs::path& path) {
-    return GetFileAttributesW(path.c_str());
-}
-
-bool Has(const fs::path& path, DWORD attribute) {
-    const DWORD attributes = AttributesOf(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & attribute) != 0;
-}
 
 std::string NarrowLabel(const wchar_t* label) {
     std::string result;
@@ -28,13 +17,20 @@ std::string NarrowLabel(const wchar_t* label) {
     return result;
 }
 
+// Where programs are looked for.
+std::wstring SearchPath() {
+    std::wstring path(GetEnvironmentVariableW(L"PATH", nullptr, 0), L'\0');
+    path.resize(GetEnvironmentVariableW(L"PATH", path.data(), static_cast<DWORD>(path.size())));
+    return path;
+}
+
 }  // namespace
 
 std::error_code LastError() {
     return {static_cast<int>(GetLastError()), std::system_category()};
 }
 
-FileErrorKind KindOf(const std::error_code& error) {
+FileErrorKind KindOfPlatform(const std::error_code& error) {
     if (error == std::errc::no_space_on_device || error == std::errc::file_too_large) {
         return FileErrorKind::kDiskFull;
     }
@@ -48,8 +44,6 @@ FileErrorKind KindOf(const std::error_code& error) {
             return FileErrorKind::kFileNotFound;
         case ERROR_PATH_NOT_FOUND:
         case ERROR_INVALID_DRIVE:
-        case ERROR_BAD_NETPATH:
-        case ERROR_BAD_NET_NAME:
         case ERROR_DIRECTORY:
             return FileErrorKind::kPathNotFound;
         case ERROR_ACCESS_DENIED:
@@ -68,6 +62,13 @@ FileErrorKind KindOf(const std::error_code& error) {
         case ERROR_NOT_READY:
         case ERROR_DEV_NOT_EXIST:
         case ERROR_GEN_FAILURE:
+        case ERROR_CRC:
+        case ERROR_IO_DEVICE:
+        case ERROR_SEM_TIMEOUT:
+        case ERROR_BAD_NETPATH:
+        case ERROR_BAD_NET_NAME:
+        case ERROR_NETNAME_DELETED:
+        case ERROR_UNEXP_NET_ERR:
             return FileErrorKind::kDeviceUnavailable;
         default:
             return FileErrorKind::kOther;
@@ -79,17 +80,34 @@ void PrepareDrives() {
     SetErrorMode(SetErrorMode(0) | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
 }
 
+namespace {
+
+// The volume is asked, not its root: that of an empty one has no entries, which reads as an error.
+bool VolumeAnswers(char letter, wchar_t* label) {
+    return GetVolumeInformationW(DriveRoot(letter).c_str(), label, MAX_PATH + 1, nullptr, nullptr,
+                                 nullptr, nullptr, 0) != 0;
+}
+
+}  // namespace
+
 std::vector<Drive> Drives() {
     std::vector<Drive> drives;
     const DWORD present = GetLogicalDrives();
     for (char letter = 'a'; letter <= 'z'; ++letter) {
         if ((present & (1u << (letter - 'a'))) == 0) continue;
         wchar_t label[MAX_PATH + 1] = L"";
-        const BOOL ready = GetVolumeInformationW(DriveRoot(letter).c_str(), label, MAX_PATH + 1,
-                                                 nullptr, nullptr, nullptr, nullptr, 0);
-        if (ready) drives.push_back({letter, NarrowLabel(label)});
+        if (VolumeAnswers(letter, label)) drives.push_back({letter, NarrowLabel(label)});
     }
     return drives;
+}
+
+bool DriveReady(char letter) {
+    wchar_t label[MAX_PATH + 1] = L"";
+    return VolumeAnswers(letter, label);
+}
+
+std::string DrivesPlace() {
+    return "the letters of this computer that answer";
 }
 
 fs::path DriveRoot(char letter) {
@@ -122,50 +140,34 @@ fs::path FindEntry(const fs::path& folder, std::string_view name, Lookup) {
     return folder / FromSystem(name);
 }
 
-bool IsLink(const fs::path& path) {
-    return Has(path, FILE_ATTRIBUTE_REPARSE_POINT);
-}
-
-bool IsHidden(const fs::path& path) {
-    return Has(path, FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
-}
-
-bool IsReadOnly(const fs::path& path) {
-    return Has(path, FILE_ATTRIBUTE_READONLY);
-}
-
-void RemoveFile(const fs::path& path, std::error_code& error) {
-    if (!DeleteFileW(path.c_str())) error = LastError();
-}
-
-std::tm LastChange(const fs::path& path, std::error_code& error) {
-    WIN32_FILE_ATTRIBUTE_DATA data;
-    FILETIME local;
-    SYSTEMTIME fields;
-    std::tm time = {};
-    // The system's own conversion with today's offset, as its directory listings show it.
-    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) ||
-        !FileTimeToLocalFileTime(&data.ftLastWriteTime, &local) ||
-        !FileTimeToSystemTime(&local, &fields)) {
-        error = LastError();
-        return time;
-    }
-    time.tm_year = fields.wYear - 1900;
-    time.tm_mon = fields.wMonth - 1;
-    time.tm_mday = fields.wDay;
-    time.tm_hour = fields.wHour;
-    time.tm_min = fields.wMinute;
-    time.tm_sec = fields.wSecond;
-    return time;
-}
-
 bool StartBatchFile(const fs::path& path, std::error_code& error) {
-    // "open" lets the system start its command interpreter for the batch file.
-    const HINSTANCE result = ShellExecuteW(nullptr, L"open", path.c_str(), nullptr,
-                                           path.parent_path().c_str(), SW_SHOWMAXIMIZED);
-    const auto code = reinterpret_cast<INT_PTR>(result);
-    if (code <= 32) error = LastError();
-    return code > 32;
+    // The interpreter would read the file in the code page of old consoles, where a name with an
+    // accent is another one. The console's is changed first, to that which the file is written in.
+    wchar_t program[MAX_PATH] = L"", system[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    GetSystemDirectoryW(system, MAX_PATH);
+    const std::wstring interpreter = (fs::path(system) / L"cmd.exe").native();
+    std::wstring command = L"\"" + interpreter + L"\" /d /s /c \"chcp " +
+                           std::to_wstring(GetACP()) + L" >nul & \"" + path.native() + L"\"\"";
+    const std::wstring search = SearchPath();
+    const std::wstring first = fs::path(program).parent_path().native() + L";" + search;
+    SetEnvironmentVariableW(L"PATH", first.c_str());
+
+    STARTUPINFOW start = {};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESHOWWINDOW;
+    start.wShowWindow = SW_SHOWMAXIMIZED;
+    PROCESS_INFORMATION started = {};
+    const BOOL done =
+        CreateProcessW(interpreter.c_str(), command.data(), nullptr, nullptr, FALSE,
+                       CREATE_NEW_CONSOLE, nullptr, path.parent_path().c_str(), &start, &started);
+    if (!done) error = LastError();
+    SetEnvironmentVariableW(L"PATH", search.c_str());
+    if (done) {
+        CloseHandle(started.hThread);
+        CloseHandle(started.hProcess);
+    }
+    return done != 0;
 }
 
 }  // namespace platform::native

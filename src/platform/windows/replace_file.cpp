@@ -2,112 +2,211 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <vector>
 
 #include "platform/native.h"
+#include "platform/windows/handle.h"
 
 namespace platform::native {
 namespace {
 
-class Handle {
-  public:
-    explicit Handle(HANDLE handle) : handle_(handle) {}
-    ~Handle() { Close(); }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
+constexpr std::size_t kChunk = 1 << 20;
+constexpr DWORD kNoAttributes = INVALID_FILE_ATTRIBUTES;
 
-    HANDLE Get() const { return handle_; }
-    bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
-    bool Close() {
-        const HANDLE closing = handle_;
-        handle_ = INVALID_HANDLE_VALUE;
-        return closing == INVALID_HANDLE_VALUE || CloseHandle(closing);
+[[noreturn]] void Fail(const std::error_code& error) {
+    throw std::system_error(error);
+}
+
+void Must(bool done) {
+    if (!done) Fail(LastError());
+}
+
+// Only files are opened: a pipe or a device can be set going by that alone.
+Handle OpenFile(const fs::path& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    Must(attributes != kNoAttributes);
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) Fail(ErrorOf(Refusal::kNotAFile));
+    Handle file(CreateFileW(path.c_str(), GENERIC_READ,
+                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    Must(file.IsOpen());
+    if (GetFileType(file.Get()) != FILE_TYPE_DISK) Fail(ErrorOf(Refusal::kNotAFile));
+    return file;
+}
+
+// The file that a save replaces.
+struct Target {
+    fs::path path;                     // no link
+    DWORD attributes = kNoAttributes;  // when there is none
+};
+
+Target TargetOf(const fs::path& path) {
+    Target target;
+    target.path = path;
+    std::error_code error;
+    const EntryType type = TypeOf(path, Links::kStay, error);
+    if (error) Fail(error);
+    if (type == EntryType::kMissing) return target;
+    if (type == EntryType::kLink) {
+        // A link stays a link: the file that it leads to is replaced.
+        target.path = fs::canonical(path, error);
+        if (error) Fail(ErrorOf(Refusal::kNotAFile));
+    }
+    target.attributes = GetFileAttributesW(target.path.c_str());
+    Must(target.attributes != kNoAttributes);
+    if ((target.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) Fail(ErrorOf(Refusal::kNotAFile));
+    if ((target.attributes & FILE_ATTRIBUTE_READONLY) != 0) Fail(ErrorOf(Refusal::kReadOnly));
+    return target;
+}
+
+// The same file by its number on the volume, whatever its name.
+struct Identity {
+    DWORD volume, high, low;
+
+    bool operator==(const Identity&) const = default;
+};
+
+Identity IdentityOf(HANDLE file) {
+    BY_HANDLE_FILE_INFORMATION info;
+    Must(GetFileInformationByHandle(file, &info));
+    return {info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow};
+}
+
+// A new file beside the target, gone again unless it has got its name.
+class Temporary {
+  public:
+    explicit Temporary(const Target& target) : target_(target) {
+        // The name is no other program's on any computer that sees the directory, so that what an
+        // attempt leaves behind that was made and yet reported as failed can be removed.
+        FILETIME now;
+        GetSystemTimeAsFileTime(&now);
+        const std::wstring own = L"~quarvel-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                                 std::to_wstring(now.dwHighDateTime) +
+                                 std::to_wstring(now.dwLowDateTime) + L"-";
+        constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+        const bool exists = target.attributes != kNoAttributes;
+        const DWORD attributes = FILE_ATTRIBUTE_ARCHIVE | (exists ? target.attributes & kKept : 0);
+        for (int attempt = 0; attempt < 10 && !file_.IsOpen(); ++attempt) {
+            path_ = target.path.parent_path() / (own + std::to_wstring(attempt) + L".tmp");
+            file_ = Handle(CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                       attributes, nullptr));
+            if (file_.IsOpen() || GetLastError() == ERROR_FILE_EXISTS) continue;
+            const std::error_code failure = LastError();
+            Remove();
+            Fail(failure);
+        }
+        Must(file_.IsOpen());
+    }
+    ~Temporary() {
+        file_.Close();
+        if (!renamed_) Remove();
+    }
+
+    void Write(std::string_view bytes) {
+        for (auto rest = bytes; !rest.empty();) {
+            const DWORD part = static_cast<DWORD>(std::min(rest.size(), kChunk));
+            DWORD written = 0;
+            Must(WriteFile(file_.Get(), rest.data(), part, &written, nullptr));
+            if (written == 0) Fail({ERROR_DISK_FULL, std::system_category()});
+            rest.remove_prefix(written);
+        }
+        Must(FlushFileBuffers(file_.Get()));
+        LARGE_INTEGER size = {};
+        Must(GetFileSizeEx(file_.Get(), &size));
+        if (size.QuadPart != static_cast<LONGLONG>(bytes.size())) {
+            Fail(ErrorOf(Refusal::kNotAsWritten));
+        }
+    }
+
+    // The access list, where the file system has any; the owner, and the group, which decides
+    // nothing here, where it is allowed.
+    void TakeRights() {
+        DWORD flags = 0;
+        Must(GetVolumeInformationByHandleW(file_.Get(), nullptr, 0, nullptr, nullptr, &flags,
+                                           nullptr, 0));
+        if (target_.attributes == kNoAttributes || (flags & FILE_PERSISTENT_ACLS) == 0) return;
+        std::string rights = Security(DACL_SECURITY_INFORMATION);
+        Must(SetFileSecurityW(path_.c_str(), DACL_SECURITY_INFORMATION, rights.data()));
+        constexpr DWORD kOwners = OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION;
+        rights = Security(kOwners);
+        SetFileSecurityW(path_.c_str(), kOwners, rights.data());
+    }
+
+    void Rename() {
+        const Identity written = IdentityOf(file_.Get());
+        Must(file_.Close());
+        if (!MoveFileExW(path_.c_str(), target_.path.c_str(),
+                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+            // A share may have done what it reports as failed.
+            const std::error_code failure = LastError();
+            if (GetFileAttributesW(path_.c_str()) != kNoAttributes ||
+                IdentityOf(OpenFile(target_.path).Get()) != written) {
+                Fail(failure);
+            }
+        }
+        renamed_ = true;
     }
 
   private:
-    HANDLE handle_;
+    std::string Security(DWORD what) const {
+        DWORD size = 0;
+        const auto path = target_.path.c_str();
+        GetFileSecurityW(path, what, nullptr, 0, &size);
+        std::string rights(size, '\0');
+        Must(size != 0 && GetFileSecurityW(path, what, rights.data(), size, &size));
+        return rights;
+    }
+    void Remove() {
+        for (int attempt = 0; attempt < 3; ++attempt) {
+            if (DeleteFileW(path_.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND) return;
+        }
+    }
+
+    const Target& target_;
+    fs::path path_;
+    Handle file_;
+    bool renamed_ = false;
 };
 
-constexpr std::size_t kChunk = 1 << 20;
-
-bool WriteAll(HANDLE file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const DWORD part = static_cast<DWORD>(std::min(bytes.size(), kChunk));
-        DWORD written = 0;
-        if (!WriteFile(file, bytes.data(), part, &written, nullptr)) return false;
-        if (written == 0) {
-            SetLastError(ERROR_DISK_FULL);
-            return false;
-        }
-        bytes.remove_prefix(written);
+// The bytes of the file; nothing when it turned out shorter than it said.
+std::optional<std::string> ReadOnce(const fs::path& path) {
+    const Handle file = OpenFile(path);
+    LARGE_INTEGER size = {};
+    Must(GetFileSizeEx(file.Get(), &size));
+    std::string bytes;
+    for (DWORD got = 1; got > 0;) {
+        const std::size_t filled = bytes.size();
+        bytes.resize(filled + kChunk);
+        Must(::ReadFile(file.Get(), bytes.data() + filled, kChunk, &got, nullptr));
+        bytes.resize(filled + got);
     }
-    return true;
-}
-
-// Gives the new file the access rights of the one that it replaces. A file system without rights
-// (a memory stick) has none to give, so a failure here is none of the save.
-void CopyPermissions(const fs::path& target, const fs::path& temporary) {
-    DWORD size = 0;
-    GetFileSecurityW(target.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
-    if (size == 0) return;
-    std::vector<unsigned char> rights(size);
-    if (GetFileSecurityW(target.c_str(), DACL_SECURITY_INFORMATION, rights.data(), size, &size)) {
-        SetFileSecurityW(temporary.c_str(), DACL_SECURITY_INFORMATION, rights.data());
-    }
+    if (static_cast<LONGLONG>(bytes.size()) < size.QuadPart) return std::nullopt;
+    return bytes;
 }
 
 }  // namespace
 
 std::string ReadFile(const fs::path& path, std::error_code& error) {
-    Handle file(CreateFileW(path.c_str(), GENERIC_READ,
-                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file.IsOpen()) {
-        error = LastError();
-        return {};
-    }
-    std::string bytes;
-    DWORD got = 0;
-    do {
-        const std::size_t filled = bytes.size();
-        bytes.resize(filled + kChunk);
-        if (!::ReadFile(file.Get(), bytes.data() + filled, kChunk, &got, nullptr)) {
-            error = LastError();
-            got = 0;
+    try {
+        // Half a file is none: a profile that is written back from it would lose the rest.
+        for (int attempt = 0; attempt < 3; ++attempt) {
+            if (auto bytes = ReadOnce(path)) return std::move(*bytes);
         }
-        bytes.resize(filled + got);
-    } while (got > 0);
-    return bytes;
+        error = ErrorOf(Refusal::kChanging);
+    } catch (const std::system_error& failure) {
+        error = failure.code();
+    }
+    return {};
 }
 
-void ReplaceWholeFile(const fs::path& target, std::string_view bytes, std::error_code& error) {
-    fs::path temporary;
-    HANDLE raw = INVALID_HANDLE_VALUE;
-    for (int attempt = 0; attempt < 100 && raw == INVALID_HANDLE_VALUE; ++attempt) {
-        temporary = target.parent_path() / (L"~quarvel-" + std::to_wstring(GetCurrentProcessId()) +
-                                            L"-" + std::to_wstring(attempt) + L".tmp");
-        raw = CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                          FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (raw == INVALID_HANDLE_VALUE && GetLastError() != ERROR_FILE_EXISTS) break;
-    }
-    Handle file(raw);
-    if (!file.IsOpen()) {
-        error = LastError();
-        return;
-    }
-    LARGE_INTEGER size = {};
-    bool complete = WriteAll(file.Get(), bytes) && FlushFileBuffers(file.Get()) &&
-                    GetFileSizeEx(file.Get(), &size) &&
-                    size.QuadPart == static_cast<LONGLONG>(bytes.size()) && file.Close();
-    if (complete) {
-        CopyPermissions(target, temporary);
-        complete = MoveFileExW(temporary.c_str(), target.c_str(),
-                               MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
-    }
-    if (!complete) {
-        error = LastError();
-        file.Close();
-        DeleteFileW(temporary.c_str());
+void ReplaceWholeFile(const fs::path& path, std::string_view bytes, std::error_code& error) {
+    try {
+        const Target target = TargetOf(path);
+        Temporary temporary(target);
+        temporary.Write(bytes);
+        temporary.TakeRights();
+        temporary.Rename();
+    } catch (const std::system_error& failure) {
+        error = failure.code();
     }
 }
 

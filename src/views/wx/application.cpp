@@ -2,7 +2,9 @@
 
 #include <wx/app.h>
 #include <wx/init.h>
+#include <wx/log.h>
 
+#include <iostream>
 #include <utility>
 
 #include "views/application.h"
@@ -19,9 +21,12 @@ namespace {
 
 class ToolkitApp : public wxApp {
   public:
-    explicit ToolkitApp(std::function<int()> body) : body_(std::move(body)) {}
+    ToolkitApp(std::function<int()> body, bool& started)
+        : body_(std::move(body)), started_(started) {}
 
     bool OnInit() override {
+        started_ = true;
+        wxLog::EnableLogging(true);
         SetAppName("quarvel-sysman");
         SetExitOnFrameDelete(false);
 #ifdef __WXGTK__
@@ -45,13 +50,18 @@ class ToolkitApp : public wxApp {
 
   private:
     std::function<int()> body_;
+    bool& started_;
 };
 
 }  // namespace
 
 int RunWithToolkit(int argc, char** argv, std::function<int()> body) {
-    wxApp::SetInstance(new ToolkitApp(std::move(body)));
+    bool started = false;
+    wxApp::SetInstance(new ToolkitApp(std::move(body), started));
+    // The toolkit would report in a window that it cannot open one, and crash over that.
+    wxLog::EnableLogging(false);
     const int status = wxEntry(argc, argv);
+    if (!started) std::cerr << "Quarvel System Manager: no display can be opened" << std::endl;
     return status < 0 ? 1 : status;
 }
 
