@@ -44,5 +44,6 @@ target_link_libraries(sysman PRIVATE sysman_mirror)
 if(WIN32)
     set_target_properties(sysman PROPERTIES WIN32_EXECUTABLE ON)
     target_sources(sysman PRIVATE packaging/sysman.rc)
+    target_link_options(sysman PRIVATE $<$<CONFIG:Release>:-s>)  # it is copied to workshop PCs
 endif()
 set_target_properties(sysman PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

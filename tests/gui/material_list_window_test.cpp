@@ -138,6 +138,40 @@ TEST_F(MaterialListInAWindow, ARowIsCopiedAndPasted) {
                                                              {"SS", "Oxy Fuel", "12.5"}}));
 }
 
+TEST_F(MaterialListInAWindow, ARowIsChosenAndTheGridLeftByKeyboardToo) {
+    EditAndSave([&] {
+        const views::Grid::Block row{2, 1, 2, 3};
+        ClickCell(2, 0, true);  // its number
+        EXPECT_TRUE(window.cmdCopy.Enabled());
+        EXPECT_EQ(window.grdMaterialList.Selection(), row);
+        test::Key(WXK_HOME);  // the row is not selected any more
+        EXPECT_FALSE(window.cmdCopy.Enabled());
+        EXPECT_FALSE(window.cmdDelete.Enabled());
+        test::Key(WXK_SPACE, wxMOD_CONTROL);
+        EXPECT_TRUE(window.cmdCopy.Enabled());
+        EXPECT_TRUE(window.cmdDelete.Enabled());
+        EXPECT_EQ(window.grdMaterialList.Selection(), row);
+        for (const views::Control* next : std::initializer_list<const views::Control*>{
+                 &window.cboEditDataType, &window.cmdAdd, &window.grdMaterialList}) {
+            test::Key(WXK_F6);
+            EXPECT_TRUE(next->HasFocus()) << next->Name();
+        }
+        test::Key(WXK_F6, wxMOD_SHIFT);
+        EXPECT_TRUE(window.cmdAdd.HasFocus());
+        ClickCell(2, 3);
+        test::Key(WXK_F6);
+        test::Type("999");
+        test::Key(WXK_TAB);  // from the last cell it leads to the same one
+        // Its type was entered on the way: the first code that begins with SS.
+        EXPECT_EQ(test::EntryText(2), "Ss316|Oxy Fuel|150");
+        ClickCell(1, 1);
+        test::Type("wea");  // not left before the window is
+        EXPECT_EQ(test::Differences(window), "");
+    });
+    EXPECT_EQ(files.drives.Read(files.path),
+              test::ListFile({{"Wear 400", "PLASMA", "10"}, {"Ss316", "Oxy Fuel", "150"}}));
+}
+
 TEST_F(MaterialListInAWindow, AnOptionAloneChangesOnlyItsKeys) {
     const std::string odd = kTwo + "; not as it is written\r\n";
     EditAndSave([&] {

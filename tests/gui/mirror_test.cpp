@@ -205,6 +205,20 @@ TEST_F(Mirror, ListsCombosDrivesAndSpin) {
         form.Take();
         test::Key(WXK_DOWN);
         EXPECT_EQ(form.Take(), Log{"pick beta"});
+        // The first click counts wherever the focus was, and coming by Tab chooses nothing.
+        form.txtText.SetFocus();
+        form.Take();
+        auto* list = RealOf<wxListBox>(form.lstItems);
+        int y = 0;
+        while (list->HitTest(wxPoint(20, y)) != 2 && y < 200) ++y;
+        test::ClickAt([=] { return list->ClientToScreen(wxPoint(20, y + 4)); });
+        EXPECT_EQ(form.Take(), (Log{"lost txtText", "got lstItems", "pick gamma"}));
+        form.lstItems.SetListIndex(-1);
+        test::Key(WXK_TAB);
+        test::Key(WXK_TAB, wxMOD_SHIFT);
+        EXPECT_TRUE(form.lstItems.HasFocus());
+        EXPECT_EQ(form.lstItems.ListIndex(), -1);
+        EXPECT_EQ(test::Differences(form), "");
         form.lstItems.AddItem("delta");
         form.lstItems.SetListIndex(3);
         EXPECT_TRUE(test::Until(
