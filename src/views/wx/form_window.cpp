@@ -30,12 +30,8 @@ wxTopLevelWindow* MakeWindow(const Form& form, wxWindow* parent) {
         return new wxFrame(nullptr, wxID_ANY, ToWx(form.Caption()), wxDefaultPosition,
                            wxDefaultSize, style | resize);
     }
-    auto* dialog = new wxDialog(parent, wxID_ANY, ToWx(form.Caption()), wxDefaultPosition,
-                                wxDefaultSize, wxDEFAULT_DIALOG_STYLE);
-    // Only now: made with a border for sizing, a dialog on Windows has a grip in its corner, which
-    // covers what stands there.
-    dialog->SetWindowStyleFlag(dialog->GetWindowStyleFlag() | resize);
-    return dialog;
+    return new wxDialog(parent, wxID_ANY, ToWx(form.Caption()), wxDefaultPosition, wxDefaultSize,
+                        wxDEFAULT_DIALOG_STYLE | resize);
 }
 
 }  // namespace
@@ -69,6 +65,13 @@ void FormWindow::Build() {
     }
     auto* margin = new wxBoxSizer(wxVERTICAL);
     margin->Add(Arrange(form_.GetLayout(), parent), 1, wxEXPAND | wxALL, window_->FromDIP(kMargin));
+#ifdef __WXMSW__
+    // A dialog that can be sized has a grip in its corner, higher than the margin.
+    if (form_.resizable && parent == window_) {
+        margin->AddSpacer(wxSystemSettings::GetMetric(wxSYS_HSCROLL_Y, window_) -
+                          window_->FromDIP(kMargin));
+    }
+#endif
     parent->SetSizer(margin);
     for (auto& [plain, peer] : peers_) peer->Start();
     // By the size inside the frame: that of its border is known only when it is shown.
