@@ -103,7 +103,8 @@ class Operator : public wxModalDialogHook, public wxTimer {
             const views::Control* plain = controls[Dice(static_cast<unsigned>(controls.size()))];
             const wxWindow* real = test::RealOf(*plain);
             if (plain == &close_ || !plain->CanTakeFocus() || real == nullptr) continue;
-            const wxRect area = real->GetScreenRect();
+            // Without its scroll bars: on Windows nothing else goes on while one is held.
+            const wxRect area(real->ClientToScreen(wxPoint(0, 0)), real->GetClientSize());
             name += " " + plain->Name();
             return area.GetTopLeft() +
                    wxPoint(static_cast<int>(Dice(static_cast<unsigned>(area.width))),
