@@ -60,7 +60,7 @@ class AtTheKeyboard : public ::testing::Test {
                         if (byte && accepted(*byte)) expected += *byte;
                     }
                     if (expected.empty()) expected = there;
-                    EXPECT_TRUE(test::Until([&] { return text() == expected; }, 2000))
+                    EXPECT_TRUE(test::Until([&] { return text() == expected; }))
                         << text::ToUtf8(text()) << "\nof " << Utf8(all.substr(at, kAtOnce));
                     EXPECT_EQ(test::Differences(form), "");
                 }
@@ -155,7 +155,7 @@ TEST_F(AtTheKeyboard, OtherWaysToType) {
         test::PressNamed("Num_Lock");
         for (const char* key : {"KP_1", "KP_Delete", "KP_Subtract"}) test::PressNamed(key);
         test::PressNamed("Num_Lock");
-        EXPECT_TRUE(test::Until([&] { return grid.CurrentText() == "A1,-"; }, 2000))
+        EXPECT_TRUE(test::Until([&] { return grid.CurrentText() == "A1,-"; }))
             << grid.CurrentText();
         test::PressNamed("KP_Right");  // without Num Lock a key that moves
         test::Key(WXK_LEFT);
@@ -165,7 +165,7 @@ TEST_F(AtTheKeyboard, OtherWaysToType) {
             test::PressNamed(dead);
             test::TypeCharacter(U'e');
         }
-        EXPECT_TRUE(test::Until([&] { return form.txtEditData.Text() == "\xE9\xEA"; }, 2000))
+        EXPECT_TRUE(test::Until([&] { return form.txtEditData.Text() == "\xE9\xEA"; }))
             << text::ToUtf8(form.txtEditData.Text());
         test::UseLayout("us");
 #endif

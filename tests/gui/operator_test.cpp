@@ -49,8 +49,7 @@ class Operator : public wxModalDialogHook, public wxTimer {
     void Work(unsigned steps) {
         for (unsigned step = 0; step < steps && form_.IsOpen(); ++step) {
             done_ += Step() + "\n";
-            test::Until([this] { return !form_.IsOpen() || test::Differences(form_).empty(); },
-                        2000);
+            test::Until([this] { return !form_.IsOpen() || test::Differences(form_).empty(); });
             if (!form_.IsOpen()) break;
             ASSERT_EQ(test::Differences(form_), "") << "after step " << step << " of\n" << done_;
             ASSERT_NE(form_.Focus(), nullptr) << "after step " << step << " of\n" << done_;
