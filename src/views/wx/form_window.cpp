@@ -69,7 +69,7 @@ void FormWindow::Build() {
     // A dialog that can be sized has a grip in its corner, higher than the margin.
     if (form_.resizable && parent == window_) {
         margin->AddSpacer(wxSystemSettings::GetMetric(wxSYS_HSCROLL_Y, window_) -
-                          window_->FromDIP(kMargin));
+                          window_->FromDIP(kMargin - kGap));
     }
 #endif
     parent->SetSizer(margin);
