@@ -115,6 +115,8 @@ class ChoicePeer : public WindowPeer {
 
   private:
     void Enter() {
+        // A list that hangs open when the window closes is put away with it.
+        if (!plain_.Owner().IsOpen()) return;
         Deliver([this] { plain_.SetFocus(); });
         if (plain_.HasFocus()) real_->SetFocus();
     }
