@@ -16,6 +16,7 @@
 #include <wx/utils.h>
 #include <wx/window.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
