@@ -114,7 +114,6 @@ int RunChild(const std::string& kind, int pipe, char** argv) {
         return wxEntry(argc, argv);
     }
     return views::mirror::RunWithToolkit(argc, argv, [] {
-        platform::MapDrives();
         app::SysMan window;
         views::Guard([&] { views::ShowModal(window); });
         return 1;

@@ -74,8 +74,8 @@ void FillTables() {
         list.Entry(i).ProcessName = "Plasma " + std::to_string(i % 20 + 1);
         list.Entry(i).Thickness = 10;
     }
-    materiallist::MaterialListSource = materiallist::kExistingDirectory;
-    materiallist::MaterialListDirPath = "c:";
+    materiallist::Shared().MaterialListSource = materiallist::kExistingDirectory;
+    materiallist::Shared().MaterialListDirPath = "c:";
     materiallist::WriteMaterialList(materiallist::kExistingDirectory);
 }
 
@@ -127,7 +127,7 @@ int main(int argc, char** argv) {
         Measure<materialtypes::FrmEditMaterialTypes>("material types", nothing);
         Measure<process::FrmProcessDefaults>("processes", nothing);
         process::ReadProcessFile();
-        process::CurrentProcess = 1;
+        process::Shared().CurrentProcess = 1;
         Measure<process::FrmThicknessData>("thickness data", nothing);
         Measure<materiallist::FrmEditMaterialList>("material list",
                                                    [] { app::LoadForMaterialList(); });

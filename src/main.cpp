@@ -1,12 +1,10 @@
 // Puts the parts together and starts the main window.
 #include "app/sys_man.h"
-#include "platform/drives.h"
 #include "views/application.h"
 #include "views/wx/application.h"
 
 int main(int argc, char** argv) {
     return views::mirror::RunWithToolkit(argc, argv, [] {
-        platform::MapDrives();
         app::SysMan window;
         views::Guard([&] { views::ShowModal(window); });
         return views::ExitStatus();

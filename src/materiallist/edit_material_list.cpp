@@ -4,10 +4,10 @@
 #include <algorithm>
 
 #include "app/system_config.h"
+#include "errors/errors.h"
 #include "materiallist/enter_thickness.h"
 #include "materiallist/nest_options.h"
 #include "materialtypes/material_type_table.h"
-#include "platform/errors.h"
 #include "platform/files.h"
 #include "process/process_table.h"
 #include "text/numbers.h"
@@ -55,12 +55,12 @@ void FrmEditMaterialList::BindCommands() {
     cmdPaste.onClick = [this] { PasteClick(); };
     cmdDelete.onClick = [this] { DeleteClick(); };
     cmdClose.onClick = [this] { CloseClick(); };
-    const auto optionChanged = [] { NestOptionsChanged = true; };
+    const auto optionChanged = [] { Shared().NestOptionsChanged = true; };
     chkAllowKerfCompensated.onClick = optionChanged;
     chkNestClearanceCheck.onClick = optionChanged;
     chkTracePlate.onClick = optionChanged;
     chkPrePierceEnabled.onClick = [this] {
-        NestOptionsChanged = true;
+        Shared().NestOptionsChanged = true;
         txtMinPlateThickness.SetEnabled(chkPrePierceEnabled.Value());
     };
     txtMinPlateThickness.onChange = optionChanged;
@@ -69,21 +69,21 @@ void FrmEditMaterialList::BindCommands() {
 void FrmEditMaterialList::Load() {
     ShowOptions();
     // Only now: showing the options counts as a change of them.
-    NestOptionsChanged = false;
-    MaterialListChanged = false;
+    Shared().NestOptionsChanged = false;
+    Shared().MaterialListChanged = false;
     DeleteAllowed = true;
-    if (MaterialListSource == kSystemDefaults) {
+    if (Shared().MaterialListSource == kSystemDefaults) {
         spinButton.SetVisible(false);
         txtSpinText.SetVisible(false);
         txtSpinText.SetEnabled(false);
-    } else if (MaterialListSource == kNewDirectory) {
+    } else if (Shared().MaterialListSource == kNewDirectory) {
         FrmEnterThickness prompt;
         views::ShowModal(prompt);
     } else {
-        DeleteAllowed = !HoldsFiles(MaterialListDirPath + "\\COMP") &&
-                        !HoldsFiles(MaterialListDirPath + "\\NEST");
+        DeleteAllowed = !HoldsFiles(Shared().MaterialListDirPath + "\\COMP") &&
+                        !HoldsFiles(Shared().MaterialListDirPath + "\\NEST");
     }
-    SetCaption("Edit " + text::LowerCase(MaterialListPath(MaterialListSource)) + " List");
+    SetCaption("Edit " + text::LowerCase(MaterialListPath(Shared().MaterialListSource)) + " List");
 
     FillMaterialGrid();
     EditRow = EditCol = SelRow = SelCol = 0;
@@ -103,7 +103,7 @@ void FrmEditMaterialList::ShowOptions() {
     chkNestClearanceCheck.SetValue(options.NestCheck != 0);
     chkTracePlate.SetValue(options.TracePlateOutline != 0);
     chkPrePierceEnabled.SetValue(options.PrePiercingEnabled != 0);
-    txtMinPlateThickness.SetText(ThicknessText(options.PrePiercingThickness));
+    txtMinPlateThickness.SetText(text::ShownNumber(options.PrePiercingThickness));
     txtMinPlateThickness.SetEnabled(chkPrePierceEnabled.Value());
 }
 
@@ -136,7 +136,7 @@ void FrmEditMaterialList::AddClick() {
     Append(entry);
     // Copy enabled it below the limit, and Paste relies on being disabled there.
     if (TheMaterialList().EntryCount == MaxMaterialListEntries) cmdPaste.SetEnabled(false);
-    MaterialListChanged = true;
+    Shared().MaterialListChanged = true;
     MakeCurrent(TheMaterialList().EntryCount, kTypeColumn);
     SelectCell();
     grdMaterialList.SetFocus();
@@ -165,7 +165,7 @@ void FrmEditMaterialList::PasteClick() {
     }
     MakeCurrent(TheMaterialList().EntryCount, kTypeColumn);
     SelectCell();
-    MaterialListChanged = true;
+    Shared().MaterialListChanged = true;
     grdMaterialList.SetFocus();
 }
 
@@ -174,7 +174,7 @@ void FrmEditMaterialList::Append(const MaterialListEntry& entry) {
     MaterialListTable& list = TheMaterialList();
     const int row = list.EntryCount + 1;
     list.Entry(row) = entry;
-    if (MaterialListSource == kSystemDefaults) list.Entry(row).Thickness = 0;
+    if (Shared().MaterialListSource == kSystemDefaults) list.Entry(row).Thickness = 0;
     list.EntryCount = static_cast<std::int16_t>(row);
     grdMaterialList.AddRow(RowTexts(row), row);
     if (row == 1) grdMaterialList.RemoveRow(2);
@@ -194,7 +194,7 @@ void FrmEditMaterialList::DeleteClick() {
         return;
     }
     RemoveEntry(row);
-    MaterialListChanged = true;
+    Shared().MaterialListChanged = true;
     cmdDelete.SetEnabled(false);
     cmdAdd.SetEnabled(true);
     MakeCurrent(std::min(row, grdMaterialList.Rows() - 1), column);
@@ -223,7 +223,7 @@ void FrmEditMaterialList::CloseClick() {
         CommitPending();
         EditState = kNothingPending;
     }
-    if ((NestOptionsChanged || MaterialListChanged) &&
+    if ((Shared().NestOptionsChanged || Shared().MaterialListChanged) &&
         views::AskYesNo("         Save Changes ?", kSaveTitle) && !Save()) {
         return;
     }
@@ -232,22 +232,26 @@ void FrmEditMaterialList::CloseClick() {
 
 // False, after a message, when the list cannot be written: its old file is intact then.
 bool FrmEditMaterialList::Save() {
-    if (MaterialListChanged) {
+    if (Shared().MaterialListChanged) {
         try {
-            WriteMaterialList(MaterialListSource);
-        } catch (const platform::FileError& failure) {
+            WriteMaterialList(Shared().MaterialListSource);
+        } catch (const errors::FileError& failure) {
             views::ShowWarning(failure.what(), kSaveTitle);
             return false;
         }
     }
-    if (NestOptionsChanged) {
+    if (Shared().NestOptionsChanged) {
         NestOptions& options = TheNestOptions();
         options.AllowKerfProg = chkAllowKerfCompensated.Value() ? 1 : 0;
         options.NestCheck = chkNestClearanceCheck.Value() ? 1 : 0;
         options.TracePlateOutline = chkTracePlate.Value() ? 1 : 0;
         options.PrePiercingEnabled = chkPrePierceEnabled.Value() ? 1 : 0;
-        options.PrePiercingThickness = text::ToSingle(text::Val(txtMinPlateThickness.Text()));
-        WriteNestOptions(app::TheConfig().UserDir());
+        options.PrePiercingThickness = text::ToSingle(txtMinPlateThickness.Text());
+        try {
+            WriteNestOptions(app::TheConfig().UserDir());
+        } catch (const errors::FileError&) {
+            // As it always was: a profile that cannot be written keeps the old options.
+        }
     }
     return true;
 }

@@ -7,6 +7,7 @@
 #include "materiallist/edit_material_list.h"
 #include "materialtypes/material_type_table.h"
 #include "process/process_table.h"
+#include "text/clean_text.h"
 #include "text/numbers.h"
 #include "text/strings.h"
 #include "views/view_procedures.h"
@@ -17,7 +18,7 @@ namespace {
 // The form in which codes and process names are compared.
 std::string Comparable(std::string_view value) {
     std::string upper = text::UpperCase(value);
-    return views::CleanText(upper);
+    return text::CleanText(upper);
 }
 
 std::span<const std::string> TypeCodes() {
@@ -84,7 +85,7 @@ void FrmEditMaterialList::FillMaterialGrid() {
         // them is no change that the operator is asked to save.
         MaterialListEntry& entry = list.Entry(i);
         const int number = NumberOfProcess(entry.ProcessName.View());
-        if (MaterialListSource != kSystemDefaults && IsProcess(number)) {
+        if (Shared().MaterialListSource != kSystemDefaults && IsProcess(number)) {
             entry.Thickness = Limited(entry.Thickness, number);
         }
         grid.AddRow(RowTexts(i), i);
@@ -94,9 +95,10 @@ void FrmEditMaterialList::FillMaterialGrid() {
 
 std::vector<std::string> FrmEditMaterialList::RowTexts(int row) const {
     MaterialListEntry& entry = TheMaterialList().Entry(row);
-    return {std::to_string(row), views::CleanText(entry.MaterialType),
-            views::CleanText(entry.ProcessName),
-            MaterialListSource == kSystemDefaults ? "" : ThicknessText(entry.Thickness)};
+    return {
+        std::to_string(row), text::CleanText(entry.MaterialType),
+        text::CleanText(entry.ProcessName),
+        Shared().MaterialListSource == kSystemDefaults ? "" : text::ShownNumber(entry.Thickness)};
 }
 
 // Whether the current row shows an entry; the blank row of an empty list does not.
@@ -127,7 +129,8 @@ void FrmEditMaterialList::KeepRowInView() {
 // Shows the editor of the current column with the cell's text in it.
 void FrmEditMaterialList::ShowEditor() {
     const int column = TheMaterialList().EntryCount > 0 ? grdMaterialList.Column() : 0;
-    const bool thickness = column == kThicknessColumn && MaterialListSource != kSystemDefaults;
+    const bool thickness =
+        column == kThicknessColumn && Shared().MaterialListSource != kSystemDefaults;
     const std::pair<views::Control*, bool> editors[] = {
         {&cboEditDataType, column == kTypeColumn},
         {&cboEditDataProcess, column == kProcessColumn},
@@ -205,7 +208,7 @@ void FrmEditMaterialList::CommitCell() {
         case kProcessColumn: {
             const auto names = ProcessNames();
             const int number = NumberBeginningWith(names, text);
-            process::CurrentProcess = static_cast<std::int16_t>(number);
+            process::Shared().CurrentProcess = static_cast<std::int16_t>(number);
             if (!names.empty()) StoreCell(names[number - 1]);
             // Another process has another range of thicknesses.
             const int row = grdMaterialList.Row();
@@ -225,14 +228,14 @@ void FrmEditMaterialList::CommitCell() {
 // Limits the thickness of the current row to the range of its process. The thickness cell is
 // current, as the change of the thickness editor goes into the current cell.
 void FrmEditMaterialList::ValidateThickness() {
-    if (MaterialListSource == kSystemDefaults || !OnEntry()) return;
+    if (Shared().MaterialListSource == kSystemDefaults || !OnEntry()) return;
     const int row = grdMaterialList.Row();
     MaterialListEntry& entry = TheMaterialList().Entry(row);
     const int number = NumberOfProcess(entry.ProcessName.View());
-    process::CurrentProcess = static_cast<std::int16_t>(number);
+    process::Shared().CurrentProcess = static_cast<std::int16_t>(number);
     if (!IsProcess(number)) return;
     const float thickness = Limited(entry.Thickness, number);
-    const std::string text = ThicknessText(thickness);
+    const std::string text = text::ShownNumber(thickness);
     grdMaterialList.SetText(row, kThicknessColumn, text);
     txtSpinText.SetText(text);
     // The last, as the text has fewer digits than the thickness may have.
@@ -264,7 +267,7 @@ void FrmEditMaterialList::StoreCell(std::string_view value) {
             entry.ProcessName = value;
             break;
         case kThicknessColumn:
-            entry.Thickness = text::ToSingle(text::Val(value));
+            entry.Thickness = text::ToSingle(value);
             break;
         default:
             break;

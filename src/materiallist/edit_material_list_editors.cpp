@@ -1,5 +1,6 @@
 // Typing: in the editors below the grid and in the grid itself.
 #include "materiallist/edit_material_list.h"
+#include "text/clean_text.h"
 #include "text/numbers.h"
 #include "views/view_procedures.h"
 
@@ -22,7 +23,7 @@ void FrmEditMaterialList::BindEditors() {
     // Unlike the type's: being in the process of an entry is enough to be asked about saving.
     cboEditDataProcess.onGotFocus = [this] {
         EnterEditor(cboEditDataProcess);
-        MaterialListChanged = true;
+        Shared().MaterialListChanged = true;
     };
 
     txtSpinText.onGotFocus = [this] { EnterEditor(txtSpinText); };
@@ -37,11 +38,11 @@ void FrmEditMaterialList::BindCombo(views::ComboBox& combo) {
     combo.onChange = [this, &combo] { EditorChanged(combo); };
     combo.onClick = [this, &combo] {
         EditorChanged(combo);
-        MaterialListChanged = true;
+        Shared().MaterialListChanged = true;
     };
-    combo.onKeyPress = [](views::CharEvent&) { MaterialListChanged = true; };
+    combo.onKeyPress = [](views::CharEvent&) { Shared().MaterialListChanged = true; };
     combo.onKeyDown = [this](views::KeyEvent& event) {
-        MaterialListChanged = true;
+        Shared().MaterialListChanged = true;
         if (event.key != views::kKeyEnter) return;
         CommitCell();
         LeaveEditor(event);
@@ -68,7 +69,7 @@ void FrmEditMaterialList::EnterEditor(views::TextPart& editor) {
 // The current cell follows its editor. The window itself only ever copies the cell into the editor,
 // so where they differ the operator has changed the text, be it without any key (pasted by mouse).
 void FrmEditMaterialList::EditorChanged(const views::TextPart& editor) {
-    if (editor.Text() != grdMaterialList.CurrentText()) MaterialListChanged = true;
+    if (editor.Text() != grdMaterialList.CurrentText()) Shared().MaterialListChanged = true;
     StoreCell(editor.Text());
 }
 
@@ -85,7 +86,7 @@ void FrmEditMaterialList::LeaveEditor(views::KeyEvent& event) {
 }
 
 void FrmEditMaterialList::ThicknessKeyDown(views::KeyEvent& event) {
-    MaterialListChanged = true;
+    Shared().MaterialListChanged = true;
     switch (event.key) {
         case views::kKeyDown:
         case views::kKeyEnter:
@@ -103,14 +104,14 @@ void FrmEditMaterialList::ThicknessKeyDown(views::KeyEvent& event) {
 // The key at hand comes in addition to what is left of the text.
 void FrmEditMaterialList::ThicknessKeyPress() {
     constexpr std::size_t kLongest = 13;
-    MaterialListChanged = true;
+    Shared().MaterialListChanged = true;
     if (txtSpinText.Text().size() <= kLongest) return;
     txtSpinText.SetText(txtSpinText.Text().substr(0, kLongest));
     txtSpinText.Select(kLongest, 0);
 }
 
 void FrmEditMaterialList::SpinThickness(int step) {
-    MaterialListChanged = true;
+    Shared().MaterialListChanged = true;
     txtSpinText.SetText(text::NumberText(text::ToSingle(text::Val(txtSpinText.Text()) + step)));
     ValidateThickness();
     txtSpinText.SelectAll();
@@ -150,8 +151,8 @@ void FrmEditMaterialList::GridKeyPress(char character) {
     const int column = grid.Column();
     const bool backspace = character == views::kKeyBackspace;
     if (TheMaterialList().EntryCount == 0 && grid.Rows() == 2) return;
-    if (column == kThicknessColumn && MaterialListSource == kSystemDefaults) return;
-    if (!backspace && !views::IsPrintableChar({&character, 1})) return;
+    if (column == kThicknessColumn && Shared().MaterialListSource == kSystemDefaults) return;
+    if (!backspace && !text::IsPrintableChar({&character, 1})) return;
 
     const bool begins = EditState == kNothingPending ||
                         (EditState == kEditPending && !IsPending(row, column)) ||
@@ -168,7 +169,7 @@ void FrmEditMaterialList::GridKeyPress(char character) {
                                                            : text.size();
     if (text.size() > longest) text.resize(longest);
 
-    MaterialListChanged = true;
+    Shared().MaterialListChanged = true;
     BeginEdit();
     StoreCell(text);
     if (column == kTypeColumn) cboEditDataType.SetText(text);

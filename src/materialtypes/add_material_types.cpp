@@ -4,8 +4,8 @@
 
 #include "materialtypes/material_type_table.h"
 #include "text/strings.h"
+#include "views/keys.h"
 #include "views/screen.h"
-#include "views/view_procedures.h"
 
 namespace materialtypes {
 namespace {
@@ -70,7 +70,7 @@ void FrmAddMaterialTypes::OkClick() {
     }
     editor_.InsertRow({code, "", "0"}, table.Count + 1);
     ++table.Count;
-    MaterialTypesChanged = true;
+    Shared().MaterialTypesChanged = true;
     Close();
 }
 

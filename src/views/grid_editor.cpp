@@ -27,7 +27,7 @@ bool IsOwnMovement(int key, int shift) {
 }  // namespace
 
 std::string NumberCellText(std::string_view text) {
-    return LeadingZeroText(text::NumberText(text::ToSingle(text::Val(text))));
+    return text::ShownNumber(text::ToSingle(text));
 }
 
 GridEditor::GridEditor(Grid& grid, TextBox& box, CommandButton& remove, Rules rules)

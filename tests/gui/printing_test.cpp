@@ -20,7 +20,7 @@
 #include "app/sys_man.h"
 #include "app/system_config.h"
 #include "directories/print_directory.h"
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "tests/gui/person.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_drives.h"
@@ -50,7 +50,7 @@ class Printing : public ::testing::Test {
         try {
             printer.EndDocument();
             return "printed";
-        } catch (const platform::FatalError& failure) {
+        } catch (const errors::FatalError& failure) {
             return failure.what();
         }
     }
@@ -78,7 +78,7 @@ TEST_F(Printing, WithoutAPrintServerTheReasonIsSaidAndTheRunEnds) {
     drives.MakeDir("c:\\tolvarin\\USER\\DESIGN\\PLATES");
     app::SysMan main;
     main.optDesign.SetValue(true);
-    directories::FrmPrint form(main);
+    directories::FrmPrint form(main.Listed());
     views::Guard([&] {
         test::WorkIn(form, [&] {
             test::AnswerNextBox(true);
@@ -213,7 +213,7 @@ TEST_F(OnPaper, EveryDirectoryBeginsASheetAndTheColumnsStand) {
 
     app::SysMan main;
     main.optProduction.SetValue(true);
-    directories::FrmPrint form(main);
+    directories::FrmPrint form(main.Listed());
     test::WorkIn(form, [&] {
         for (const auto* box : {&form.chkComp, &form.chkGroups, &form.chkNest}) test::Click(*box);
         test::Click(form.cmdOK);
@@ -279,7 +279,7 @@ TEST_F(OnPaper, WhatIsSetUpHoldsForTheRestOfTheRun) {
     app::SysMan main;
     main.optDesign.SetValue(true);
     const auto widthPrinted = [&](bool setUp) {
-        directories::FrmPrint form(main);
+        directories::FrmPrint form(main.Listed());
         test::WorkIn(form, [&] {
             if (setUp) {
                 ChooseLetter choice;

@@ -1,7 +1,7 @@
 // The rules between focus, keys, clicks and changes, without a window.
 #include <gtest/gtest.h>
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "tests/support/scripted_screen.h"
 #include "tests/support/temp_drives.h"
 #include "views/application.h"
@@ -219,8 +219,8 @@ TEST_F(Controls, DriveListRefusesWhatIsNotThere) {
     int changes = 0;
     list.onChange = [&] { ++changes; };
     EXPECT_EQ(list.Drive(), "c:");
-    EXPECT_THROW(list.SetDrive("x:"), platform::FileError);
-    EXPECT_THROW(list.SetDrive(""), platform::FileError);
+    EXPECT_THROW(list.SetDrive("x:"), errors::FileError);
+    EXPECT_THROW(list.SetDrive(""), errors::FileError);
     list.SetDrive("C:\\anything");
     EXPECT_EQ(changes, 0);
     list.SetDrive("D:");
@@ -228,7 +228,7 @@ TEST_F(Controls, DriveListRefusesWhatIsNotThere) {
     std::filesystem::remove(drives.Folder() / "d");
     list.Refresh();
     EXPECT_EQ(list.Items(), (Log{"c:", "d:"}));  // what is chosen stays to be seen
-    EXPECT_THROW(list.SetDrive("d:"), platform::FileError);
+    EXPECT_THROW(list.SetDrive("d:"), errors::FileError);
     EXPECT_EQ(changes, 1);
 }
 
@@ -277,7 +277,7 @@ TEST_F(Controls, GridKeepsItsCellInsideAndTellsWhatWasClicked) {
 // it is left.
 TEST_F(Controls, AnUnexpectedFailureEndsTheRunInOrder) {
     Dialog above;
-    above.cmdOk.onClick = [] { throw platform::FatalError("c:\\x: the disk is gone"); };
+    above.cmdOk.onClick = [] { throw errors::FatalError("c:\\x: the disk is gone"); };
     bool saved = false, wentOn = false;
     views::OnFailure([&] { saved = true; });
     dialog.cmdOk.onClick = [&] {

@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 
 namespace platform {
 namespace {
@@ -18,7 +18,8 @@ namespace {
 class Cups {
   public:
     Cups() : library_(dlopen("libcups.so.2", RTLD_NOW | RTLD_LOCAL)) {
-        if (library_ == nullptr) throw FatalError("There is no print system on this computer.");
+        if (library_ == nullptr)
+            throw errors::FatalError("There is no print system on this computer.");
         Load("cupsServer", server);
         Load("ippPort", port);
         Load("cupsEncryption", encryption);
@@ -63,7 +64,8 @@ class Cups {
     template <typename Function>
     void Load(const char* name, Function& function) {
         function = reinterpret_cast<Function>(dlsym(library_, name));
-        if (function == nullptr) throw FatalError("The print system of this computer is unknown.");
+        if (function == nullptr)
+            throw errors::FatalError("The print system of this computer is unknown.");
     }
 
     void* library_;  // stays loaded, like those of the toolkit
@@ -116,7 +118,7 @@ Answer AskServer() {
         cups.connect(server.c_str(), cups.port(), nullptr, AF_UNSPEC, cups.encryption(), 1,
                      static_cast<int>(kPatience.count()), nullptr);
     if (http == nullptr) {
-        throw FatalError("There is no printer: no print server answers at " + server + ".");
+        throw errors::FatalError("There is no printer: no print server answers at " + server + ".");
     }
     void* const request = cups.newRequest(kGetPrinters);
     const char* const wanted[] = {"printer-name", "printer-is-accepting-jobs"};
@@ -125,7 +127,8 @@ Answer AskServer() {
     if (message == nullptr) {
         const std::string reason = Text(cups.lastError());
         cups.close(http);
-        throw FatalError("There is no printer: the print server at " + server + " says: " + reason);
+        throw errors::FatalError("There is no printer: the print server at " + server +
+                                 " says: " + reason);
     }
     Answer answer{PrintersIn(cups, message), {}};
     cups.deleteMessage(message);
@@ -152,16 +155,17 @@ std::string PrinterToUse(const std::string& chosen) {
     std::future<Answer> asked = task.get_future();
     std::thread(std::move(task)).detach();
     if (asked.wait_for(kPatience) != std::future_status::ready) {
-        throw FatalError("There is no printer: the print server does not answer.");
+        throw errors::FatalError("There is no printer: the print server does not answer.");
     }
     const Answer answer = asked.get();
     if (answer.printers.empty()) {
-        throw FatalError("There is no printer: the print server has none.");
+        throw errors::FatalError("There is no printer: the print server has none.");
     }
     const Printer& printer = Select(answer, chosen);
     // The toolkit would send the pages, and say nothing when they are refused.
     if (!printer.acceptsJobs) {
-        throw FatalError("The printer " + printer.name + " does not accept anything to print.");
+        throw errors::FatalError("The printer " + printer.name +
+                                 " does not accept anything to print.");
     }
     return printer.name;
 }
