@@ -24,7 +24,7 @@
 #include "process/process_table.h"
 #include "process/thickness_data.h"
 #include "views/application.h"
-#include "views/wx/application.h"
+#include "views/wx/toolkit.h"
 
 namespace {
 
@@ -114,7 +114,7 @@ void Measure(const char* name, const std::function<void()>& before) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    return views::mirror::RunWithToolkit(argc, argv, [] {
+    return views::wx::RunWithToolkit(argc, argv, [] {
         namespace fs = std::filesystem;
         const fs::path folder =
             fs::temp_directory_path() / ("window-bench-" + std::to_string(wxGetProcessId()));

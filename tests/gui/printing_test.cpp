@@ -55,7 +55,7 @@ class Printing : public ::testing::Test {
         }
     }
     test::TempDrives drives;
-    views::mirror::WxPrinter printer;
+    views::wx::WxPrinter printer;
 
   private:
     views::Printer* before_;

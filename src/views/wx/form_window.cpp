@@ -17,7 +17,7 @@
 #include "views/wx/convert.h"
 #include "views/wx/keys.h"
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 constexpr int kGap = 6;      // pixels between controls at 96 dpi
@@ -233,4 +233,4 @@ void FormWindow::ForwardKey(wxKeyEvent& event) {
     event.Skip();
 }
 
-}  // namespace views::mirror
+}  // namespace views::wx

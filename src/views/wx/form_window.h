@@ -14,7 +14,7 @@
 
 class wxSizer;
 
-namespace views::mirror {
+namespace views::wx {
 
 class FormWindow : public FormPeer {
   public:
@@ -55,4 +55,4 @@ class FormWindow : public FormPeer {
     bool placed_ = false;
 };
 
-}  // namespace views::mirror
+}  // namespace views::wx

@@ -16,10 +16,10 @@
 
 #include <commdlg.h>
 #else
-#include "platform/posix/print_server.h"
+#include "views/wx/print_server.h"
 #endif
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 // Collects what the toolkit would tell the operator in boxes of its own.
@@ -74,7 +74,7 @@ wxPrintData DataForPrinter(const wxPrintData& data) {
     if (!result.IsOk()) throw errors::FatalError("There is no printer.");
 #else
     const auto chosen = result.GetPrinterName().utf8_string();
-    result.SetPrinterName(wxString::FromUTF8(platform::PrinterToUse(chosen)));
+    result.SetPrinterName(wxString::FromUTF8(PrinterToUse(chosen)));
 #endif
     return result;
 }
@@ -122,4 +122,4 @@ void WxPrinter::ShowSetup() {
 
 #endif
 
-}  // namespace views::mirror
+}  // namespace views::wx
