@@ -167,14 +167,14 @@ void FrmProcessDefaults::BindBox(
     };
 }
 
-void FrmProcessDefaults::BindRate(views::TextBox& box, float ProcessRecord::*field) {
+void FrmProcessDefaults::BindRate(views::TextBox& box, float ProcessRecord::* field) {
     BindBox(box, [field](ProcessRecord& record, double value) {
         record.*field = value < 0 ? 0 : text::ToSingle(value);
         return text::NumberText(record.*field);
     });
 }
 
-void FrmProcessDefaults::BindNumber(views::TextBox& box, std::int16_t ProcessRecord::*field,
+void FrmProcessDefaults::BindNumber(views::TextBox& box, std::int16_t ProcessRecord::* field,
                                     int (*limit)(int)) {
     BindBox(box, [field, limit](ProcessRecord& record, double value) {
         const int number = text::ToInteger16(value).value_or(0);
@@ -183,7 +183,7 @@ void FrmProcessDefaults::BindNumber(views::TextBox& box, std::int16_t ProcessRec
     });
 }
 
-void FrmProcessDefaults::BindCheck(views::CheckBox& box, std::int16_t ProcessRecord::*field) {
+void FrmProcessDefaults::BindCheck(views::CheckBox& box, std::int16_t ProcessRecord::* field) {
     box.onClick = [&box, field] {
         Edit([&](ProcessRecord& record) { record.*field = box.Value() ? 1 : 0; });
     };

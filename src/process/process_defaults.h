@@ -88,9 +88,9 @@ class FrmProcessDefaults : public views::Form {
   private:
     void Arrange();
     void BindOptions();
-    void BindRate(views::TextBox& box, float ProcessRecord::*field);
-    void BindNumber(views::TextBox& box, std::int16_t ProcessRecord::*field, int (*limit)(int));
-    void BindCheck(views::CheckBox& box, std::int16_t ProcessRecord::*field);
+    void BindRate(views::TextBox& box, float ProcessRecord::* field);
+    void BindNumber(views::TextBox& box, std::int16_t ProcessRecord::* field, int (*limit)(int));
+    void BindCheck(views::CheckBox& box, std::int16_t ProcessRecord::* field);
     void BindBox(views::TextBox& box,
                  std::function<std::string(ProcessRecord& record, double value)> keep);
 

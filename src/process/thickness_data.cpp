@@ -17,7 +17,7 @@ constexpr std::size_t kNumberLength = 13;
 
 struct CellField {
     const char* heading;
-    float ThicknessRow::*field;
+    float ThicknessRow::* field;
 };
 constexpr std::array<CellField, 5> kColumns{{
     {"Thickness         (mm)", &ThicknessRow::Thickness},

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <deque>
+
 #include "app/system_config.h"
 #include "platform/files.h"
 #include "tests/support/scripted_screen.h"

@@ -8,6 +8,7 @@
 #ifdef _WIN32
 #include <windows.h>
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #endif

@@ -2,6 +2,7 @@
 #include "directories/print_directory.h"
 
 #include <chrono>
+#include <ctime>
 #ifdef _WIN32
 #include <windows.h>
 #else

@@ -11,6 +11,7 @@
 #include <wx/uiaction.h>
 #include <wx/window.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>

@@ -16,6 +16,7 @@
 #include <wx/utils.h>
 #include <wx/window.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
@@ -78,9 +79,7 @@ class BoxAnswer : public wxModalDialogHook, public wxTimer {
         Start(100);
         return wxID_NONE;
     }
-    void Exit(wxDialog*) override {
-        End();
-    }
+    void Exit(wxDialog*) override { End(); }
     void Notify() override {
         if (waited_.Time() > kPatience) {
             std::fputs("a message box cannot be answered\n", stderr);

@@ -11,9 +11,11 @@
 #include <unistd.h>
 #endif
 
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <map>
 #include <sstream>
 

@@ -27,8 +27,7 @@ using Call = unsigned long long;
 // The calls of the file layer by name; a number for the others. Memory, clocks and signals are no
 // business of the disk.
 std::string NameOf(Call call) {
-#define NAMED(call) \
-    { SYS_##call, #call }
+#define NAMED(call) {SYS_##call, #call}
     static const std::map<Call, const char*> names = {
         NAMED(open),         NAMED(openat), NAMED(close),     NAMED(read),       NAMED(write),
         NAMED(stat),         NAMED(fstat),  NAMED(lstat),     NAMED(newfstatat), NAMED(getdents64),

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tests/support/scripted_screen.h"
 #include "text/clean_text.h"
 #include "text/numbers.h"

@@ -98,9 +98,7 @@ class ChoicePeer : public WindowPeer {
             });
         }
     }
-    bool HasKeys() const override {
-        return ListHangsOpen(real_);
-    }
+    bool HasKeys() const override { return ListHangsOpen(real_); }
 
   protected:
     void Update(Aspect changed) override {
