@@ -14,9 +14,8 @@ bool IsPrintableChar(std::string_view value) {
 
 std::string CleanText(std::string& value) {
     value = std::string(Trim(value));
-    const auto end = std::find_if(value.begin(), value.end(), [](char c) {
-        return !IsPrintableChar({&c, 1});
-    });
+    const auto end =
+        std::find_if(value.begin(), value.end(), [](char c) { return !IsPrintableChar({&c, 1}); });
     return {value.begin(), end};
 }
 

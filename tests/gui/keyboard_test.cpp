@@ -109,9 +109,8 @@ TEST_F(AtTheKeyboard, TheNumberBoxOfTheThicknesses) {
 
 TEST_F(AtTheKeyboard, ACellOfTheMaterialList) {
     materiallist::FrmEditMaterialList form;
-    TypeAllIntoCell(form, form.grdMaterialList, [](char c) {
-        return text::IsPrintableChar({&c, 1});
-    });
+    TypeAllIntoCell(form, form.grdMaterialList,
+                    [](char c) { return text::IsPrintableChar({&c, 1}); });
 }
 
 TEST_F(AtTheKeyboard, TheTypesOfTheMaterialList) {
