@@ -1,6 +1,8 @@
 // The rules between focus, keys, clicks and changes, without a window.
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "errors/errors.h"
 #include "tests/support/scripted_screen.h"
 #include "tests/support/temp_drives.h"
