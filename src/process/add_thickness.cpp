@@ -24,7 +24,7 @@ FrmAddThickness::FrmAddThickness(views::GridEditor& editor)
     SetLayout(
         Column({Label1, txtNewThickness, Row({Stretch(), cmdAddNewThicknessOK, cmdANTCancel})}));
 
-    txtNewThickness.onChange = [this] { CutText(); };
+    txtNewThickness.onChange = [this] { txtNewThickness.CutTo(kNumberLength); };
     txtNewThickness.onKeyPress = [this](CharEvent& event) {
         if (event.character != kKeyEnter) return;
         event.handled = true;
@@ -32,12 +32,6 @@ FrmAddThickness::FrmAddThickness(views::GridEditor& editor)
     };
     cmdAddNewThicknessOK.onClick = [this] { OkClick(); };
     cmdANTCancel.onClick = [this] { Close(); };
-}
-
-void FrmAddThickness::CutText() {
-    if (txtNewThickness.Text().size() <= kNumberLength) return;
-    txtNewThickness.SetText(txtNewThickness.Text().substr(0, kNumberLength));
-    txtNewThickness.Select(kNumberLength, 0);
 }
 
 void FrmAddThickness::OkClick() {

@@ -98,7 +98,7 @@ TEST_F(EditMaterialList, BeingInTheProcessIsAChangeBeingInTheTypeIsNot) {
     Edit(3, kThree, [](FrmEditMaterialList& window, auto&) {
         window.cboEditDataType.SetFocus();
         EXPECT_EQ(window.cboEditDataType.SelLength(), 2u);
-        EXPECT_EQ(window.EditState, 1);
+        EXPECT_EQ(window.editor.EditState, 1);
         window.cmdClose.Press();
         EXPECT_FALSE(window.IsOpen());
     });
@@ -238,7 +238,7 @@ TEST_F(EditMaterialList, ATypedThicknessIsLimitedWhenTheCellIsLeft) {
         EXPECT_EQ(Row(window, 1), "1|MS|PLASMA|25");
         EXPECT_EQ(Editors(window), "P");
         EXPECT_TRUE(window.grdMaterialList.HasFocus());
-        EXPECT_EQ(window.EditState, 2);
+        EXPECT_EQ(window.editor.EditState, 2);
 
         window.grdMaterialList.ClickCell(2, 3);
         window.txtSpinText.SetFocus();
