@@ -38,7 +38,7 @@ class System {
         app::TheConfig() = {};
         app::TheConfig().NestHomeDrive = "c:";
         app::TheConfig().NestRootDir = "\\tolvarin";
-        process::ResetProcesses();
+        process::Shared() = {};
         fs::create_directories(folder_ / "c/tolvarin/system");
         Add("process.dat", bench::MakeProcessFile(2 * n).bytes);
 

@@ -27,7 +27,7 @@
 #include "app/sys_man.h"
 #include "platform/drives.h"
 #include "views/application.h"
-#include "views/wx/application.h"
+#include "views/wx/toolkit.h"
 
 namespace {
 
@@ -113,8 +113,7 @@ int RunChild(const std::string& kind, int pipe, char** argv) {
         wxApp::SetInstance(kind == "empty" ? static_cast<wxApp*>(new EmptyApp) : new ByHandApp);
         return wxEntry(argc, argv);
     }
-    return views::mirror::RunWithToolkit(argc, argv, [] {
-        platform::MapDrives();
+    return views::wx::RunWithToolkit(argc, argv, [] {
         app::SysMan window;
         views::Guard([&] { views::ShowModal(window); });
         return 1;

@@ -24,7 +24,7 @@
 #include "process/process_table.h"
 #include "process/thickness_data.h"
 #include "views/application.h"
-#include "views/wx/application.h"
+#include "views/wx/toolkit.h"
 
 namespace {
 
@@ -74,8 +74,8 @@ void FillTables() {
         list.Entry(i).ProcessName = "Plasma " + std::to_string(i % 20 + 1);
         list.Entry(i).Thickness = 10;
     }
-    materiallist::MaterialListSource = materiallist::kExistingDirectory;
-    materiallist::MaterialListDirPath = "c:";
+    materiallist::Shared().MaterialListSource = materiallist::kExistingDirectory;
+    materiallist::Shared().MaterialListDirPath = "c:";
     materiallist::WriteMaterialList(materiallist::kExistingDirectory);
 }
 
@@ -114,7 +114,7 @@ void Measure(const char* name, const std::function<void()>& before) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    return views::mirror::RunWithToolkit(argc, argv, [] {
+    return views::wx::RunWithToolkit(argc, argv, [] {
         namespace fs = std::filesystem;
         const fs::path folder =
             fs::temp_directory_path() / ("window-bench-" + std::to_string(wxGetProcessId()));
@@ -127,7 +127,7 @@ int main(int argc, char** argv) {
         Measure<materialtypes::FrmEditMaterialTypes>("material types", nothing);
         Measure<process::FrmProcessDefaults>("processes", nothing);
         process::ReadProcessFile();
-        process::CurrentProcess = 1;
+        process::Shared().CurrentProcess = 1;
         Measure<process::FrmThicknessData>("thickness data", nothing);
         Measure<materiallist::FrmEditMaterialList>("material list",
                                                    [] { app::LoadForMaterialList(); });

@@ -11,12 +11,13 @@
 #include <string_view>
 #include <vector>
 
+#include "errors/errors.h"
 #include "materiallist/material_list_table.h"
 #include "materialtypes/material_type_table.h"
-#include "platform/errors.h"
 #include "process/process_file.h"
 #include "process/process_table.h"
 #include "profile/profile.h"
+#include "text/clean_text.h"
 #include "text/numbers.h"
 #include "text/strings.h"
 #include "views/view_procedures.h"
@@ -74,7 +75,7 @@ string BytesOf(FuzzedDataProvider& input) {
 
 template <std::size_t Width>
 string Shown(text::FixedText<Width>& field) {
-    const string clean = views::CleanText(field);
+    const string clean = text::CleanText(field);
     field = clean;
     return string(text::Trim(field.View()));
 }
@@ -103,7 +104,7 @@ class Names {
 // What is left of a number after 7 digits were written.
 float Kept(float value) {
     REQUIRE(std::isfinite(value));
-    return text::ToSingle(text::Val(text::NumberText(value)));
+    return text::ToSingle(text::NumberText(value));
 }
 
 void KeepLead(text::FixedText<4>& code, std::int16_t& angle) {
@@ -143,7 +144,7 @@ void CheckProcesses(const Profile& file) {
     process::ProcessTable table;
     try {
         ReadProcesses(file, table);
-    } catch (const platform::FatalError&) {
+    } catch (const errors::FatalError&) {
         REQUIRE(table.ProcessCount == 0);
         return;
     }
@@ -175,7 +176,7 @@ void CheckMaterialTypes(const Profile& file) {
     materialtypes::MaterialTypeTable table;
     try {
         ReadMaterialTypes(file, table);
-    } catch (const platform::FatalError&) {
+    } catch (const errors::FatalError&) {
         REQUIRE(table.Count == 0);
         return;
     }

@@ -1,12 +1,10 @@
 // Puts the parts together and starts the main window.
 #include "app/sys_man.h"
-#include "platform/drives.h"
 #include "views/application.h"
-#include "views/wx/application.h"
+#include "views/wx/toolkit.h"
 
 int main(int argc, char** argv) {
-    return views::mirror::RunWithToolkit(argc, argv, [] {
-        platform::MapDrives();
+    return views::wx::RunWithToolkit(argc, argv, [] {
         app::SysMan window;
         views::Guard([&] { views::ShowModal(window); });
         return views::ExitStatus();

@@ -6,7 +6,7 @@ namespace app {
 // Fills, in this order, the names and thickness ranges of the processes, the codes of the material
 // types and the list of materiallist::MaterialListSource from their files. False after a message
 // when a file is missing or the list is too big; what was loaded before stays. Throws
-// platform::FatalError for too many processes or material types and platform::FileError for a file
+// errors::FatalError for too many processes or material types and errors::FileError for a file
 // that cannot be read.
 bool LoadSystemTables();
 

@@ -3,8 +3,9 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
-#include "app/directory_tree.h"
+#include "directories/data_area.h"
 #include "platform/single_instance.h"
 #include "views/basic_controls.h"
 #include "views/form.h"
@@ -16,11 +17,17 @@ class SysMan : public views::Form {
   public:
     SysMan();
 
-    DataKind Kind() const { return optDesign.Value() ? DataKind::kDesign : DataKind::kProduction; }
+    // Refills the directory list for the drive and kind chosen; nothing is selected then, and the
+    // commands for a directory are disabled. For a drive without data the operator is asked whether
+    // to make it a data drive; No goes back to the home drive. Other failures throw FileError.
+    void RefreshDirectoryList();
 
-    // Whether the operator may be asked to make a data drive now: at start-up only once, although
-    // restoring the drive and choosing the kind both list the directories.
-    bool MayAskForData();
+    // A directory was made: shows and selects it.
+    void DirectoryMade(const std::string& listedName);
+
+    // What the window shows.
+    directories::DataArea Area() const;
+    directories::Listed Listed() const;
 
     views::Frame Frame1{*this, "Frame1", "Directory"};
     views::Label lblDrive{*this, "lblDrive", "Drive:"};
@@ -39,13 +46,15 @@ class SysMan : public views::Form {
     views::CommandButton cmdSysProcess{*this, "cmdSysProcess", "Process..."};
     views::CommandButton cmdSysDefaults{*this, "cmdSysDefaults", "Defaults..."};
     views::CommandButton cmdClose{*this, "cmdClose", "Close"};
-    views::Timer tmrNotepad{*this, 60000};
+    views::Timer tmrNotepad{60000};  // ticks for nothing, and always has
 
   protected:
     void Load() override;
     void Unload() override;
 
   private:
+    bool MayAskForData();
+    void OfferDataDrive();
     void DirectoryClick();
     void DeleteClick();
     void CreateClick();

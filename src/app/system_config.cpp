@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "app/sys_man.h"
+#include "errors/errors.h"
 #include "platform/drives.h"
-#include "platform/errors.h"
 #include "platform/files.h"
 #include "profile/profile.h"
 #include "profile/write_key.h"
@@ -23,9 +22,8 @@ bool IsMissing(const std::string& path) {
     try {
         platform::FileLen(path);
         return false;
-    } catch (const platform::FileError& failure) {
-        return failure.Kind() == platform::FileErrorKind::kFileNotFound ||
-               failure.Kind() == platform::FileErrorKind::kPathNotFound;
+    } catch (const errors::FileError& failure) {
+        return failure.IsMissing();
     }
 }
 
@@ -33,6 +31,10 @@ bool IsMissing(const std::string& path) {
 
 std::string SystemConfig::SystemDir() const {
     return NestHomeDrive + NestRootDir + "\\system";
+}
+
+std::string SystemConfig::UpperSystemDir() const {
+    return NestHomeDrive + NestRootDir + "\\SYSTEM";
 }
 
 std::string SystemConfig::NestIniPath() const {
@@ -44,7 +46,11 @@ std::string SystemConfig::UserDir() const {
 }
 
 std::string SystemConfig::UserProfilePath() const {
-    return UserDir() + "\\nestuser.ini";
+    return UserProfileIn(UserDir());
+}
+
+std::string UserProfileIn(const std::string& userDir) {
+    return userDir + "\\nestuser.ini";
 }
 
 SystemConfig& TheConfig() {
@@ -65,7 +71,7 @@ void LocateConfigFile() {
     if (IsMissing(path)) path = folder + "\\nestcfg.ini";
 }
 
-void ReadSystemConfig(SysMan& window) {
+void ReadSystemConfig() {
     SystemConfig& config = TheConfig();
     const auto system = profile::Profile::LoadIfReadable(config.ConfigFilePath);
     config.NestRootDir =
@@ -76,14 +82,17 @@ void ReadSystemConfig(SysMan& window) {
     config.CurrentSysManDrive = StripNulls(
         profile::Profile::LoadIfReadable(config.UserProfilePath())
             .Text("SystemManager", "CurrentSysManDrive", config.NestHomeDrive, kShortBuffer));
-    window.drvList.TrySetDrive(config.CurrentSysManDrive);
 }
 
-void SaveCurrentSysManDrive(const SysMan& window) {
+void SaveCurrentSysManDrive(std::string_view drive) {
     SystemConfig& config = TheConfig();
-    config.CurrentSysManDrive = window.drvList.Drive().substr(0, 2);
-    profile::WriteKeys(config.UserProfilePath(), "SystemManager",
-                       {{"CurrentSysManDrive", config.CurrentSysManDrive}});
+    config.CurrentSysManDrive = drive.substr(0, 2);
+    try {
+        profile::WriteKeys(config.UserProfilePath(), "SystemManager",
+                           {{"CurrentSysManDrive", config.CurrentSysManDrive}});
+    } catch (const errors::FileError&) {
+        // The next start begins with the home drive.
+    }
 }
 
 }  // namespace app

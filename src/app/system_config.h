@@ -8,8 +8,6 @@
 
 namespace app {
 
-class SysMan;
-
 inline constexpr std::string_view VersionText = SYSMAN_VERSION;
 
 // Read once at start-up; only CurrentSysManDrive changes afterwards, when the run ends.
@@ -22,10 +20,14 @@ struct SystemConfig {
 
     // Plain concatenations of the above, without a trailing backslash.
     std::string SystemDir() const;        // <home><root>\system
+    std::string UpperSystemDir() const;   // <home><root>\SYSTEM, as messages and copies spell it
     std::string NestIniPath() const;      // <home><root>\system\nest.ini
     std::string UserDir() const;          // <home><root>\network\user<N>
     std::string UserProfilePath() const;  // <home><root>\network\user<N>\nestuser.ini
 };
+
+// The profile of the operator in his directory (SystemConfig::UserDir).
+std::string UserProfileIn(const std::string& userDir);
 
 // The one configuration of the run.
 SystemConfig& TheConfig();
@@ -36,12 +38,11 @@ std::string StripNulls(std::string_view value);
 // Sets ConfigFilePath. Never fails.
 void LocateConfigFile();
 
-// Reads the configuration, with defaults for what is missing or cannot be read, and selects the
-// drive last worked on in the window's drive list; a drive that is not there is ignored.
-void ReadSystemConfig(SysMan& window);
+// Reads the configuration, with defaults for what is missing or cannot be read.
+void ReadSystemConfig();
 
-// Keeps the selected drive in the operator's profile for the next start. A profile that cannot be
-// written simply does not remember it.
-void SaveCurrentSysManDrive(const SysMan& window);
+// Keeps the drive ("d: [label]") in the operator's profile for the next start. A profile that
+// cannot be written simply does not remember it.
+void SaveCurrentSysManDrive(std::string_view drive);
 
 }  // namespace app

@@ -1,8 +1,8 @@
 #include "directories/backup.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "app/sys_man.h"
 #include "app/system_config.h"
 #include "platform/files.h"
 #include "views/screen.h"
@@ -33,7 +33,8 @@ bool BackupJob::IsPlain() const {
     });
 }
 
-FrmBackup::FrmBackup(app::SysMan& main) : Form("frmBackup", "Quarvel Backup"), main_(main) {
+FrmBackup::FrmBackup(Listed listed)
+    : Form("frmBackup", "Quarvel Backup"), listed_(std::move(listed)) {
     defaultButton = &cmdOK;
     closeButton = &cmdCancel;
     drvDest.widthHint = 20;
@@ -47,7 +48,7 @@ FrmBackup::FrmBackup(app::SysMan& main) : Form("frmBackup", "Quarvel Backup"), m
 }
 
 void FrmBackup::Load() {
-    const bool selected = main_.lstDirectory.ListIndex() >= 0;
+    const bool selected = listed_.chosen.has_value();
     optSelectedDir.SetEnabled(selected);
     (selected ? optSelectedDir : optAllDirectories).SetValue(true);
 
@@ -59,23 +60,20 @@ void FrmBackup::Load() {
 }
 
 BackupJob FrmBackup::Job() const {
-    const std::string all = app::UserDataDir(main_.drvList.Prefix());
-    const std::string kind = all + "\\" + app::KindFolder(main_.Kind());
+    const DataArea& area = listed_.area;
     if (optSelectedDir.Value()) {
-        const std::string name = main_.lstDirectory.SelectedText();
-        return {name, kind + "\\" + name + "\\*.*", drvDest.Prefix()};
+        const std::string name = listed_.ChosenName();
+        return {name, area.PathOf(name) + "\\*.*", drvDest.Prefix()};
     }
     if (optAllDirectories.Value()) {
-        const bool design = main_.Kind() == app::DataKind::kDesign;
-        return {design ? "Design Data" : "Production Data", kind + "\\*.*", drvDest.Prefix()};
+        return {DescriptionOf(area.kind), area.Path() + "\\*.*", drvDest.Prefix()};
     }
-    return {"All Data", all + "\\*.*", drvDest.Prefix()};
+    return {"All Data", area.UserPath() + "\\*.*", drvDest.Prefix()};
 }
 
 void FrmBackup::OkClick() {
     const BackupJob job = Job();
-    const app::SystemConfig& config = app::TheConfig();
-    const std::string path = config.NestHomeDrive + config.NestRootDir + "\\SYSTEM\\QVBACKUP.BAT";
+    const std::string path = app::TheConfig().UpperSystemDir() + "\\QVBACKUP.BAT";
     platform::ReplaceWholeFile(path, job.BatchFile());
 
     const std::string written = "The batch file " + path + " was written.\nIt was not started: ";

@@ -4,13 +4,10 @@
 
 #include <string>
 
+#include "directories/data_area.h"
 #include "views/basic_controls.h"
 #include "views/form.h"
 #include "views/lists.h"
-
-namespace app {
-class SysMan;
-}
 
 namespace directories {
 
@@ -29,7 +26,7 @@ struct BackupJob {
 
 class FrmBackup : public views::Form {
   public:
-    explicit FrmBackup(app::SysMan& main);
+    explicit FrmBackup(Listed listed);
 
     views::OptionGroup scopeGroup;
     views::OptionButton optAllData{*this, "optAllData", "All Data (Design and Production)",
@@ -49,7 +46,7 @@ class FrmBackup : public views::Form {
     BackupJob Job() const;
     void OkClick();
 
-    app::SysMan& main_;
+    Listed listed_;
 };
 
 }  // namespace directories

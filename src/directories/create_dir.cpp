@@ -1,13 +1,11 @@
 #include "directories/create_dir.h"
 
-#include <algorithm>
-#include <string>
 #include <string_view>
+#include <utility>
 
-#include "app/sys_man.h"
 #include "app/system_config.h"
+#include "errors/errors.h"
 #include "materiallist/material_list_table.h"
-#include "platform/errors.h"
 #include "platform/files.h"
 #include "text/strings.h"
 #include "views/screen.h"
@@ -18,8 +16,8 @@ namespace {
 const std::string kTitle = "Quarvel System Manager";
 constexpr std::size_t kLongestName = 50;
 
-// What the nesting system cannot take in a name: a wild card, what divides a path, and the comma
-// that divides its own lists. Everything else is for the file system to refuse.
+// A wild card, what divides a path, and the comma have never been taken in a name. Everything else
+// is for the file system to refuse.
 bool IsInvalid(std::string_view name) {
     return name.find_first_of("*\\:,") != name.npos || name.size() > kLongestName;
 }
@@ -29,30 +27,27 @@ bool MakeDirectory(const std::string& path) {
     try {
         platform::MkDir(path);
         return true;
-    } catch (const platform::FileError& failure) {
-        if (failure.Kind() != platform::FileErrorKind::kPathFileAccess) throw;
+    } catch (const errors::FileError& failure) {
+        if (failure.Kind() != errors::FileErrorKind::kPathFileAccess) throw;
         return false;
     }
 }
 
-// The folders in a new directory, and the material list that its jobs start from.
-void FillDirectory(const std::string& path, app::DataKind kind) {
-    if (kind == app::DataKind::kDesign) {
-        platform::MkDir(path + "\\GEOMETRY");
-        return;
+// The folders in a new directory, and the material list that the jobs of a production directory
+// start from.
+void FillDirectory(const std::string& path, DataKind kind) {
+    for (const Category& category : CategoriesOf(kind)) {
+        platform::MkDir(path + "\\" + category.folder);
     }
-    for (const char* category : {"\\COMP", "\\GROUP", "\\NEST", "\\TAPE"}) {
-        platform::MkDir(path + category);
-    }
-    const app::SystemConfig& config = app::TheConfig();
-    platform::FileCopy(config.NestHomeDrive + config.NestRootDir + "\\SYSTEM\\MATERIAL.DAT",
+    if (kind == DataKind::kDesign) return;
+    platform::FileCopy(app::TheConfig().UpperSystemDir() + "\\MATERIAL.DAT",
                        path + "\\MATERIAL.DAT");
 }
 
 }  // namespace
 
-CreateDir::CreateDir(app::SysMan& main)
-    : Form("CreateDir", "Create Quarvel Directory"), main_(main) {
+CreateDir::CreateDir(const DataArea& area, std::function<void(const std::string& name)> made)
+    : Form("CreateDir", "Create Quarvel Directory"), area_(area), made_(std::move(made)) {
     firstFocus = &txtDirName;
     defaultButton = &cmdOK;
     closeButton = &cmdCancel;
@@ -81,28 +76,21 @@ void CreateDir::OkClick() {
         txtDirName.SelectAll();
         return;
     }
-    const std::string path = app::UserDataDir(main_.drvList.Prefix()) + "\\" +
-                             app::KindFolder(main_.Kind()) + "\\" + name;
+    const std::string path = area_.PathOf(name);
     if (!MakeDirectory(path)) {
         views::ShowWarning("The directory " + name + " already exists", kTitle);
         txtDirName.SelectAll();
         return;
     }
-    FillDirectory(path, main_.Kind());
-    app::RefreshDirectoryList(main_);
-
-    txtDirName.SetText(text::LowerCase(name));
-    const auto& listed = main_.lstDirectory.Items();
-    const auto found = std::find(listed.begin(), listed.end(), txtDirName.Text());
-    if (found != listed.end()) {
-        main_.lstDirectory.SetListIndex(static_cast<int>(found - listed.begin()));
-    }
+    FillDirectory(path, area_.kind);
+    txtDirName.SetText(ListedName(name));
+    made_(txtDirName.Text());
     Close();
-    if (main_.optProduction.Value()) materiallist::DirectoryCreated = true;
+    if (area_.kind == DataKind::kProduction) materiallist::Shared().DirectoryCreated = true;
 }
 
 void CreateDir::CancelClick() {
-    materiallist::DirectoryCreated = false;
+    materiallist::Shared().DirectoryCreated = false;
     Close();
 }
 

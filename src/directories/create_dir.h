@@ -1,20 +1,20 @@
-// The dialog that makes a new data directory of the kind and on the drive that the main window
-// shows, and selects it there.
+// The dialog that makes a new data directory.
 #pragma once
 
+#include <functional>
+#include <string>
+
+#include "directories/data_area.h"
 #include "views/basic_controls.h"
 #include "views/form.h"
 #include "views/text_box.h"
-
-namespace app {
-class SysMan;
-}
 
 namespace directories {
 
 class CreateDir : public views::Form {
   public:
-    explicit CreateDir(app::SysMan& main);
+    // Makes it in the area and then runs `made` with its listed name.
+    CreateDir(const DataArea& area, std::function<void(const std::string& name)> made);
 
     views::Label Label1{*this, "Label1", "Enter new directory name:"};
     views::TextBox txtDirName{*this, "txtDirName"};
@@ -28,7 +28,8 @@ class CreateDir : public views::Form {
     void OkClick();
     void CancelClick();
 
-    app::SysMan& main_;
+    DataArea area_;
+    std::function<void(const std::string&)> made_;
 };
 
 }  // namespace directories

@@ -2,13 +2,12 @@
 
 #include <ctime>
 #include <map>
+#include <string>
 
-#include "app/system_config.h"
+#include "errors/errors.h"
 #include "platform/date_forms.h"
-#include "platform/errors.h"
 #include "platform/files.h"
 #include "platform/folder.h"
-#include "text/strings.h"
 #include "views/lists.h"
 #include "views/printer.h"
 
@@ -21,17 +20,17 @@ constexpr std::size_t kSizeWidth = 6;
 
 class Page {
   public:
-    Page(const Listing& listing, views::ListBox& sortBox, views::Printer& printer)
-        : listing_(listing), sortBox_(sortBox), printer_(printer) {}
+    Page(DataKind kind, const std::vector<Category>& categories, views::ListBox& sortBox,
+         views::Printer& printer)
+        : kind_(kind), categories_(categories), sortBox_(sortBox), printer_(printer) {}
 
     void Print(const std::string& directory, const std::string& path) {
         const std::time_t now = std::time(nullptr);
-        const bool design = listing_.kind == app::DataKind::kDesign;
         PrintTitle("Quarvel for Windows by Halcor.           Date " +
                    dates_.ShortDate(*std::localtime(&now)));
-        PrintTitle(design ? "Design Data" : "Production Data");
+        PrintTitle(DescriptionOf(kind_));
         PrintTitle(directory + " directory");
-        for (const Category& category : listing_.categories) {
+        for (const Category& category : categories_) {
             PrintTitle(category.heading);
             PrintFiles(path + "\\" + category.folder);
             printer_.NewLine();
@@ -58,12 +57,12 @@ class Page {
                 if (PrintFile(*folder, name)) any = true;
             }
             if (!any) printer_.PrintLine("<No files>");
-        } catch (const platform::FileError& failure) {
+        } catch (const errors::FileError& failure) {
             printer_.PrintLine("<" + failure.Reason() + ">");
         }
     }
 
-    // False when it is gone: the nesting system may be at work in the directory.
+    // False when it is gone: other programs may be at work in the directory.
     bool PrintFile(const platform::Folder& folder, const std::string& name) {
         std::string size, date;
         try {
@@ -72,8 +71,8 @@ class Page {
             size = std::string(kSizeWidth, ' ') + std::to_string(details.size);
             size.erase(0, size.size() - kSizeWidth);
             date = dates_.GeneralDate(details.changed);
-        } catch (const platform::FileError& failure) {
-            if (failure.Kind() == platform::FileErrorKind::kFileNotFound) return false;
+        } catch (const errors::FileError& failure) {
+            if (failure.Kind() == errors::FileErrorKind::kFileNotFound) return false;
             size = "<" + failure.Reason() + ">";
         }
         printer_.Print(name);
@@ -84,44 +83,41 @@ class Page {
         return true;
     }
 
-    const Listing& listing_;
+    DataKind kind_;
+    const std::vector<Category>& categories_;
     views::ListBox& sortBox_;
     views::Printer& printer_;
     platform::DateForms dates_;
 };
 
-// The directories' names as the disk has them, in the order in which the main window lists them, by
-// the form that it lists them in.
-using NamesOnDisk = std::multimap<std::string, std::string>;
-
-NamesOnDisk NamesIn(const std::string& folder) {
-    NamesOnDisk names;
+// The directories' names as the disk has them, in the order in which they are listed, by the form
+// that they are listed in.
+std::multimap<std::string, std::string> NamesOnDisk(const DataArea& area) {
+    std::multimap<std::string, std::string> names;
     for (const std::string& name :
-         platform::Dir(folder + "*.*", platform::DirKinds::kFilesAndDirectories)) {
-        names.emplace(text::LowerCase(text::Trim(name)), name);
+         platform::Dir(area.Path() + "\\*.*", platform::DirKinds::kFilesAndDirectories)) {
+        names.emplace(ListedName(name), name);
     }
     return names;
 }
 
 }  // namespace
 
-void PrintListing(const Listing& listing, views::ListBox& sortBox, views::Printer& printer) {
-    const std::string folder = listing.drive + text::UpperCase(app::TheConfig().NestRootDir) +
-                               "\\USER\\" +
-                               (listing.kind == app::DataKind::kDesign ? "design\\" : "prod\\");
-    auto names = NamesIn(folder);
-    Page page(listing, sortBox, printer);
+void PrintListing(const Listed& listed, const std::vector<Category>& categories,
+                  views::ListBox& sortBox, views::Printer& printer) {
+    auto names = NamesOnDisk(listed.area);
+    Page page(listed.area.kind, categories, sortBox, printer);
     bool first = true;
-    for (std::size_t i = 0; i < listing.directories.size(); ++i) {
-        const std::string& directory = listing.directories[i];
+    for (std::size_t i = 0; i < listed.directories.size(); ++i) {
+        const std::string& directory = listed.directories[i];
         // Of names that differ in case only, each stands for the next of its items.
         const auto onDisk = names.find(directory);
         const std::string name = onDisk == names.end() ? directory : onDisk->second;
         if (onDisk != names.end()) names.erase(onDisk);
-        if (listing.only && *listing.only != i) continue;
+        if (listed.chosen && *listed.chosen != i) continue;
         if (!first) printer.NewPage();
         first = false;
-        page.Print(directory, folder + name);
+        page.Print(directory, listed.area.PathOf(name));
     }
 }
 

@@ -2,12 +2,9 @@
 // category folders and a line for each file.
 #pragma once
 
-#include <cstddef>
-#include <optional>
-#include <string>
 #include <vector>
 
-#include "app/directory_tree.h"
+#include "directories/data_area.h"
 
 namespace views {
 class ListBox;
@@ -16,23 +13,10 @@ class Printer;
 
 namespace directories {
 
-// A folder of a data directory and what the listing calls its files.
-struct Category {
-    std::string folder;
-    std::string heading;
-};
-
-struct Listing {
-    std::string drive;  // letter and colon
-    app::DataKind kind = app::DataKind::kDesign;
-    std::vector<std::string> directories;  // all items of the main window's list
-    std::optional<std::size_t> only;       // the one to print, if not all
-    std::vector<Category> categories;
-};
-
-// Prints the listing up to the end of its last page; ending the document is the caller's. The
-// names of each folder are sorted in `sortBox`. A missing folder has no files; for a folder or file
-// that cannot be read the reason is printed in its place.
-void PrintListing(const Listing& listing, views::ListBox& sortBox, views::Printer& printer);
+// Prints the chosen directory, or all where none is, up to the end of the last page; ending the
+// document is the caller's. The names of each folder are sorted in `sortBox`. A missing folder has
+// no files; for a folder or file that cannot be read the reason is printed in its place.
+void PrintListing(const Listed& listed, const std::vector<Category>& categories,
+                  views::ListBox& sortBox, views::Printer& printer);
 
 }  // namespace directories

@@ -1,13 +1,14 @@
 #include "directories/print_directory.h"
 
-#include <algorithm>
+#include <utility>
 
-#include "app/sys_man.h"
+#include "directories/directory_listing.h"
 #include "views/screen.h"
 
 namespace directories {
 
-FrmPrint::FrmPrint(app::SysMan& main) : Form("frmPrint", "Print Directory Data"), main_(main) {
+FrmPrint::FrmPrint(Listed listed)
+    : Form("frmPrint", "Print Directory Data"), listed_(std::move(listed)) {
     defaultButton = &cmdOK;
     closeButton = &cmdCancel;
     lstSortBox.SetVisible(false);
@@ -28,36 +29,31 @@ FrmPrint::FrmPrint(app::SysMan& main) : Form("frmPrint", "Print Directory Data")
 void FrmPrint::Load() {
     optAllDir.SetValue(true);
     // Design directories have but one category.
-    const bool production = main_.Kind() == app::DataKind::kProduction;
+    const bool production = listed_.area.kind == DataKind::kProduction;
     for (views::CheckBox* category : {&chkComp, &chkGroups, &chkNest, &chkTape}) {
         category->SetEnabled(production);
         category->SetValue(production);
     }
 }
 
-Listing FrmPrint::ChosenListing() const {
-    Listing listing;
-    listing.drive = main_.drvList.Prefix();
-    listing.kind = main_.Kind();
-    listing.directories = main_.lstDirectory.Items();
-    if (optSelDir.Value()) {
-        listing.only = static_cast<std::size_t>(std::max(0, main_.lstDirectory.ListIndex()));
+std::vector<Category> FrmPrint::TickedCategories() const {
+    const auto& categories = CategoriesOf(listed_.area.kind);
+    if (listed_.area.kind == DataKind::kDesign) return categories;
+    std::vector<Category> ticked;
+    std::size_t at = 0;
+    for (const views::CheckBox* box : {&chkComp, &chkGroups, &chkNest, &chkTape}) {
+        if (box->Value()) ticked.push_back(categories[at]);
+        ++at;
     }
-    if (listing.kind == app::DataKind::kDesign) {
-        listing.categories = {{"geometry", "Designs"}};
-        return listing;
-    }
-    if (chkComp.Value()) listing.categories.push_back({"comp", "Components"});
-    if (chkGroups.Value()) listing.categories.push_back({"group", "Groups"});
-    if (chkNest.Value()) listing.categories.push_back({"nest", "Nests"});
-    if (chkTape.Value()) listing.categories.push_back({"tape", "Tapes"});
-    return listing;
+    return ticked;
 }
 
 void FrmPrint::OkClick() {
     {
         views::BusyPointer busy;
-        PrintListing(ChosenListing(), lstSortBox, views::ThePrinter());
+        Listed listed = listed_;
+        if (!optSelDir.Value()) listed.chosen.reset();
+        PrintListing(listed, TickedCategories(), lstSortBox, views::ThePrinter());
         views::ThePrinter().EndDocument();
     }
     Close();

@@ -1,21 +1,19 @@
-// The dialog that prints listings of the data directories that the main window shows.
+// The dialog that prints listings of data directories.
 #pragma once
 
-#include "directories/directory_listing.h"
+#include <vector>
+
+#include "directories/data_area.h"
 #include "views/basic_controls.h"
 #include "views/form.h"
 #include "views/lists.h"
 #include "views/printer.h"
 
-namespace app {
-class SysMan;
-}
-
 namespace directories {
 
 class FrmPrint : public views::Form {
   public:
-    explicit FrmPrint(app::SysMan& main);
+    explicit FrmPrint(Listed listed);
 
     views::OptionGroup rangeGroup;
     views::OptionButton optAllDir{*this, "optAllDir", "All Directories", rangeGroup};
@@ -34,10 +32,10 @@ class FrmPrint : public views::Form {
     void Load() override;
 
   private:
-    Listing ChosenListing() const;
+    std::vector<Category> TickedCategories() const;
     void OkClick();
 
-    app::SysMan& main_;
+    Listed listed_;
 };
 
 }  // namespace directories

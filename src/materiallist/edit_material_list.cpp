@@ -1,18 +1,15 @@
-// The window as a whole: its opening, its commands and the nesting options.
 #include "materiallist/edit_material_list.h"
 
-#include <algorithm>
-
 #include "app/system_config.h"
+#include "errors/errors.h"
 #include "materiallist/enter_thickness.h"
+#include "materiallist/entry_values.h"
 #include "materiallist/nest_options.h"
-#include "materialtypes/material_type_table.h"
-#include "platform/errors.h"
 #include "platform/files.h"
-#include "process/process_table.h"
 #include "text/numbers.h"
 #include "text/strings.h"
 #include "views/application.h"
+#include "views/grid_cells.h"
 #include "views/screen.h"
 
 namespace materiallist {
@@ -24,15 +21,21 @@ bool HoldsFiles(const std::string& directory) {
     return !platform::Dir(directory + "\\*.*", platform::DirKinds::kFiles).empty();
 }
 
+bool IsFull() {
+    return TheMaterialList().EntryCount >= MaxMaterialListEntries;
+}
+
 }  // namespace
 
-FrmEditMaterialList::FrmEditMaterialList() : Form("frmEditMaterialList", "Edit Material List") {
+FrmEditMaterialList::FrmEditMaterialList()
+    : Form("frmEditMaterialList", "Edit Material List"),
+      editor(grdMaterialList, cboEditDataType, cboEditDataProcess, txtSpinText, spinButton,
+             [this](bool selected) { RowSelected(selected); }) {
     resizable = true;
     firstFocus = &grdMaterialList;
     closeButton = &cmdClose;
     txtMinPlateThickness.SetText("50");
     Arrange();
-    BindEditors();
     BindCommands();
 }
 
@@ -55,12 +58,12 @@ void FrmEditMaterialList::BindCommands() {
     cmdPaste.onClick = [this] { PasteClick(); };
     cmdDelete.onClick = [this] { DeleteClick(); };
     cmdClose.onClick = [this] { CloseClick(); };
-    const auto optionChanged = [] { NestOptionsChanged = true; };
+    const auto optionChanged = [] { Shared().NestOptionsChanged = true; };
     chkAllowKerfCompensated.onClick = optionChanged;
     chkNestClearanceCheck.onClick = optionChanged;
     chkTracePlate.onClick = optionChanged;
     chkPrePierceEnabled.onClick = [this] {
-        NestOptionsChanged = true;
+        Shared().NestOptionsChanged = true;
         txtMinPlateThickness.SetEnabled(chkPrePierceEnabled.Value());
     };
     txtMinPlateThickness.onChange = optionChanged;
@@ -69,31 +72,26 @@ void FrmEditMaterialList::BindCommands() {
 void FrmEditMaterialList::Load() {
     ShowOptions();
     // Only now: showing the options counts as a change of them.
-    NestOptionsChanged = false;
-    MaterialListChanged = false;
+    Shared().NestOptionsChanged = false;
+    Shared().MaterialListChanged = false;
     DeleteAllowed = true;
-    if (MaterialListSource == kSystemDefaults) {
+    if (Shared().MaterialListSource == kSystemDefaults) {
         spinButton.SetVisible(false);
         txtSpinText.SetVisible(false);
         txtSpinText.SetEnabled(false);
-    } else if (MaterialListSource == kNewDirectory) {
+    } else if (Shared().MaterialListSource == kNewDirectory) {
         FrmEnterThickness prompt;
         views::ShowModal(prompt);
     } else {
-        DeleteAllowed = !HoldsFiles(MaterialListDirPath + "\\COMP") &&
-                        !HoldsFiles(MaterialListDirPath + "\\NEST");
+        DeleteAllowed = !HoldsFiles(Shared().MaterialListDirPath + "\\COMP") &&
+                        !HoldsFiles(Shared().MaterialListDirPath + "\\NEST");
     }
-    SetCaption("Edit " + text::LowerCase(MaterialListPath(MaterialListSource)) + " List");
+    SetCaption("Edit " + text::LowerCase(MaterialListPath(Shared().MaterialListSource)) + " List");
 
     FillMaterialGrid();
-    EditRow = EditCol = SelRow = SelCol = 0;
-    EditState = kNothingPending;
-    MakeCurrent(1, 1);
-    SelectCell();
-    cmdCopy.SetEnabled(false);
-    cmdPaste.SetEnabled(false);
-    cmdDelete.SetEnabled(false);
     FillEditorLists();
+    editor.Start();  // disables Copy and Delete
+    cmdPaste.SetEnabled(false);
 }
 
 void FrmEditMaterialList::ShowOptions() {
@@ -103,49 +101,59 @@ void FrmEditMaterialList::ShowOptions() {
     chkNestClearanceCheck.SetValue(options.NestCheck != 0);
     chkTracePlate.SetValue(options.TracePlateOutline != 0);
     chkPrePierceEnabled.SetValue(options.PrePiercingEnabled != 0);
-    txtMinPlateThickness.SetText(ThicknessText(options.PrePiercingThickness));
+    txtMinPlateThickness.SetText(text::ShownNumber(options.PrePiercingThickness));
     txtMinPlateThickness.SetEnabled(chkPrePierceEnabled.Value());
+}
+
+void FrmEditMaterialList::FillMaterialGrid() {
+    auto& grid = grdMaterialList;
+    grid.SetShape(2, 4, 1, 1);
+    grid.SetRowHeight(0, grid.Height() / 4);
+    const char* const headings[] = {"Index", "Material Type Code", "Process Name",
+                                    "Thickness (mm)"};
+    for (int column = 0; column < grid.Columns(); ++column) {
+        grid.SetText(0, column, headings[column]);
+        grid.SetColumnWidth(column, column == 0 ? grid.Width() / 8 : (grid.Width() + 500) / 4);
+    }
+    grid.SetNumberColumn(0);
+    grid.SetNumberColumn(3);
+
+    MaterialListTable& list = TheMaterialList();
+    for (int i = 1; i <= list.EntryCount; ++i) {
+        // The thicknesses of a process may have been edited since the list was saved. Following
+        // them is no change that the operator is asked to save.
+        if (Shared().MaterialListSource != kSystemDefaults) LimitThickness(list.Entry(i));
+        views::InsertDataRow(grid, EntryTexts(i), i, i - 1);
+    }
 }
 
 void FrmEditMaterialList::FillEditorLists() {
     cboEditDataType.Clear();
     cboEditDataProcess.Clear();
-    const auto& types = materialtypes::TheMaterialTypes();
-    const auto& processes = process::TheProcesses();
-    for (int i = 0; i < types.Count; ++i) cboEditDataType.AddItem(types.Codes[i]);
-    for (int i = 0; i < processes.ProcessCount; ++i) {
-        cboEditDataProcess.AddItem(processes.ProcessNames[i]);
-    }
+    for (const std::string& code : TypeCodes()) cboEditDataType.AddItem(code);
+    for (const std::string& name : ProcessNames()) cboEditDataProcess.AddItem(name);
+}
+
+void FrmEditMaterialList::RowSelected(bool selected) {
+    cmdCopy.SetEnabled(selected && !IsFull());
+    cmdDelete.SetEnabled(selected && DeleteAllowed);
 }
 
 void FrmEditMaterialList::AddClick() {
-    if (TheMaterialList().EntryCount >= MaxMaterialListEntries) {
-        cmdAdd.SetEnabled(false);
-        grdMaterialList.SetFocus();
-        return;
-    }
-    // Without types or processes the entry begins with empty texts.
-    const auto& types = materialtypes::TheMaterialTypes();
-    const auto& processes = process::TheProcesses();
-    MaterialListEntry entry;
-    if (types.Count > 0) entry.MaterialType = types.Codes[0];
-    if (processes.ProcessCount > 0) {
-        entry.ProcessName = processes.ProcessNames[0];
-        entry.Thickness = processes.ProcessThicknessMin[0];
-    }
-    Append(entry);
-    // Copy enabled it below the limit, and Paste relies on being disabled there.
-    if (TheMaterialList().EntryCount == MaxMaterialListEntries) cmdPaste.SetEnabled(false);
-    MaterialListChanged = true;
-    MakeCurrent(TheMaterialList().EntryCount, kTypeColumn);
-    SelectCell();
+    if (!IsFull()) return Append(FirstValues());
+    cmdAdd.SetEnabled(false);
     grdMaterialList.SetFocus();
+}
+
+// Copy enables Paste below the limit, and Paste relies on being disabled there.
+void FrmEditMaterialList::Append(const MaterialListEntry& entry) {
+    editor.Append(entry);
+    if (IsFull()) cmdPaste.SetEnabled(false);
 }
 
 // A single entry is not worth copying: Copy refuses it and switches Paste off.
 void FrmEditMaterialList::CopyClick() {
-    const int count = TheMaterialList().EntryCount;
-    if (count <= 1 || count >= MaxMaterialListEntries) {
+    if (TheMaterialList().EntryCount <= 1 || IsFull()) {
         cmdCopy.SetEnabled(false);
         cmdPaste.SetEnabled(false);
         return;
@@ -159,25 +167,7 @@ void FrmEditMaterialList::CopyClick() {
 
 void FrmEditMaterialList::PasteClick() {
     Append({CopiedType, CopiedProcess, CopiedThickness});
-    if (TheMaterialList().EntryCount >= MaxMaterialListEntries) {
-        cmdPaste.SetEnabled(false);
-        cmdAdd.SetEnabled(false);
-    }
-    MakeCurrent(TheMaterialList().EntryCount, kTypeColumn);
-    SelectCell();
-    MaterialListChanged = true;
-    grdMaterialList.SetFocus();
-}
-
-// Puts an entry and its row at the end, in place of the blank row of an empty list.
-void FrmEditMaterialList::Append(const MaterialListEntry& entry) {
-    MaterialListTable& list = TheMaterialList();
-    const int row = list.EntryCount + 1;
-    list.Entry(row) = entry;
-    if (MaterialListSource == kSystemDefaults) list.Entry(row).Thickness = 0;
-    list.EntryCount = static_cast<std::int16_t>(row);
-    grdMaterialList.AddRow(RowTexts(row), row);
-    if (row == 1) grdMaterialList.RemoveRow(2);
+    if (IsFull()) cmdAdd.SetEnabled(false);
 }
 
 void FrmEditMaterialList::DeleteClick() {
@@ -186,44 +176,21 @@ void FrmEditMaterialList::DeleteClick() {
         return;
     }
     grdMaterialList.SetHighlight(false);
-    const int row = grdMaterialList.Row();
-    const int column = grdMaterialList.Column();
     cmdCopy.SetEnabled(false);
-    if (!views::AskYesNo("     Delete Data Index" + text::Str(row) + "\r      Are You Sure ?",
-                         "Deleting Processing data")) {
+    if (!views::AskYesNo(
+            "     Delete Data Index" + text::Str(grdMaterialList.Row()) + "\r      Are You Sure ?",
+            "Deleting Processing data")) {
         return;
     }
-    RemoveEntry(row);
-    MaterialListChanged = true;
-    cmdDelete.SetEnabled(false);
+    editor.RemoveCurrent();  // disables Delete
     cmdAdd.SetEnabled(true);
-    MakeCurrent(std::min(row, grdMaterialList.Rows() - 1), column);
-    SelectCell();
-    grdMaterialList.SetFocus();
-}
-
-void FrmEditMaterialList::RemoveEntry(int row) {
-    MaterialListTable& list = TheMaterialList();
-    if (list.EntryCount == 1) grdMaterialList.AddRow({});
-    grdMaterialList.RemoveRow(row);
-    for (int i = row; i < list.EntryCount; ++i) {
-        grdMaterialList.SetText(i, 0, std::to_string(i));
-        list.Entry(i) = list.Entry(i + 1);
-    }
-    --list.EntryCount;
-    // What is pending belongs to its entry, not to its row: it goes with it or moves up with it.
-    if (EditRow == row && EditState == kEditPending) EditState = kNothingPending;
-    if (EditRow > row) --EditRow;
 }
 
 void FrmEditMaterialList::CloseClick() {
     // As when its cell is left: a half-typed code would name nothing, and an empty one would end
     // the list when it is loaded again.
-    if (EditState == kEditPending) {
-        CommitPending();
-        EditState = kNothingPending;
-    }
-    if ((NestOptionsChanged || MaterialListChanged) &&
+    editor.CommitPending();
+    if ((Shared().NestOptionsChanged || Shared().MaterialListChanged) &&
         views::AskYesNo("         Save Changes ?", kSaveTitle) && !Save()) {
         return;
     }
@@ -232,22 +199,26 @@ void FrmEditMaterialList::CloseClick() {
 
 // False, after a message, when the list cannot be written: its old file is intact then.
 bool FrmEditMaterialList::Save() {
-    if (MaterialListChanged) {
+    if (Shared().MaterialListChanged) {
         try {
-            WriteMaterialList(MaterialListSource);
-        } catch (const platform::FileError& failure) {
+            WriteMaterialList(Shared().MaterialListSource);
+        } catch (const errors::FileError& failure) {
             views::ShowWarning(failure.what(), kSaveTitle);
             return false;
         }
     }
-    if (NestOptionsChanged) {
+    if (Shared().NestOptionsChanged) {
         NestOptions& options = TheNestOptions();
         options.AllowKerfProg = chkAllowKerfCompensated.Value() ? 1 : 0;
         options.NestCheck = chkNestClearanceCheck.Value() ? 1 : 0;
         options.TracePlateOutline = chkTracePlate.Value() ? 1 : 0;
         options.PrePiercingEnabled = chkPrePierceEnabled.Value() ? 1 : 0;
-        options.PrePiercingThickness = text::ToSingle(text::Val(txtMinPlateThickness.Text()));
-        WriteNestOptions(app::TheConfig().UserDir());
+        options.PrePiercingThickness = text::ToSingle(txtMinPlateThickness.Text());
+        try {
+            WriteNestOptions(app::TheConfig().UserDir());
+        } catch (const errors::FileError&) {
+            // As it always was: a profile that cannot be written keeps the old options.
+        }
     }
     return true;
 }

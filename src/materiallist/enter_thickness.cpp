@@ -4,8 +4,8 @@
 
 #include "materiallist/material_list_table.h"
 #include "text/numbers.h"
+#include "views/keys.h"
 #include "views/screen.h"
-#include "views/view_procedures.h"
 
 namespace materiallist {
 
@@ -31,14 +31,15 @@ FrmEnterThickness::FrmEnterThickness() : Form("frmEnterThickness", "Enter Thickn
 
 void FrmEnterThickness::Load() {
     // The whole path where it has no backslash: npos + 1 is 0.
-    std::string name = MaterialListDirPath.substr(MaterialListDirPath.rfind('\\') + 1);
+    std::string name =
+        Shared().MaterialListDirPath.substr(Shared().MaterialListDirPath.rfind('\\') + 1);
     if (!name.empty()) {
         SetCaption(Caption() + "for " + name + " Directory");
         // One letter in front of the thickness is usual: P10.
         if (name[0] < '1' || name[0] > '9') name.erase(0, 1);
     }
     txtInitThickness.Select(1, 0);
-    const float proposed = text::ToSingle(text::Val(name));
+    const float proposed = text::ToSingle(name);
     if (proposed > 0) {
         txtInitThickness.SetText(text::NumberText(proposed));
         txtInitThickness.Select(txtInitThickness.SelStart(), txtInitThickness.Text().size());
@@ -46,7 +47,7 @@ void FrmEnterThickness::Load() {
 }
 
 void FrmEnterThickness::OkClick() {
-    const float thickness = text::ToSingle(text::Val(txtInitThickness.Text()));
+    const float thickness = text::ToSingle(txtInitThickness.Text());
     if (thickness <= 0) {
         views::ShowWarning("Thickness must be bigger than 0", "Error in Thickness");
         txtInitThickness.SetFocus();
@@ -54,7 +55,7 @@ void FrmEnterThickness::OkClick() {
     }
     MaterialListTable& list = TheMaterialList();
     for (int i = 1; i <= list.EntryCount; ++i) list.Entry(i).Thickness = thickness;
-    MaterialListChanged = true;
+    Shared().MaterialListChanged = true;
     Close();
 }
 

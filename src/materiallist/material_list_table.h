@@ -6,11 +6,9 @@
 #include <cstdint>
 #include <string>
 
+#include "materiallist/nest_options.h"
+#include "profile/data_file.h"
 #include "text/fixed_text.h"
-
-namespace profile {
-class Profile;
-}
 
 namespace materiallist {
 
@@ -28,46 +26,52 @@ struct MaterialListTable {
     std::int16_t EntryCount = 0;
     std::array<MaterialListEntry, MaxMaterialListEntries> Entries;
 
-    // Entry i, counted from 1. An index outside 1 to 200 throws platform::FatalError.
+    // Entry i, counted from 1. An index outside 1 to 200 throws errors::FatalError.
     MaterialListEntry& Entry(int i);
 };
 
 // Which list the next material list window edits.
-enum MaterialListSourceKind : int {
+enum ListSource : int {
     kSystemDefaults = 1,
     kNewDirectory = 2,
     kExistingDirectory = 3,
 };
 
-// The one list of the run, its unsaved-change flag, its source and the directory of sources 2 and
-// 3 (drive letter, colon and path without a trailing backslash).
-MaterialListTable& TheMaterialList();
-extern bool MaterialListChanged;
-extern int MaterialListSource;
-extern std::string MaterialListDirPath;
-// A production directory has just been created, and its list is to be opened.
-extern bool DirectoryCreated;
+// What the material list window and those who open it share.
+struct SharedState {
+    MaterialListTable table;
+    bool MaterialListChanged = false;  // there are unsaved changes
+    ListSource MaterialListSource = kSystemDefaults;
+    // The directory of sources 2 and 3: drive letter, colon and path without a trailing backslash.
+    std::string MaterialListDirPath;
+    // A production directory has just been created, and its list is to be opened.
+    bool DirectoryCreated = false;
+    NestOptions options;
+    bool NestOptionsChanged = false;  // there are unsaved changes
+};
 
-// Empties all of the above, for the next test.
-void ResetMaterialList();
+// The one of the run.
+SharedState& Shared();
+inline MaterialListTable& TheMaterialList() {
+    return Shared().table;
+}
+inline NestOptions& TheNestOptions() {
+    return Shared().options;
+}
 
 // <home><root>\system\material.dat for source 1, <MaterialListDirPath>\material.dat for the others.
-std::string MaterialListPath(int source);
+std::string MaterialListPath(ListSource source);
 
-// Fills the table from the file of the source. False after a message of its own when there is no
-// such file or the list has 200 entries or more (the entries read so far then stay).
-bool ReadMaterialList(int source);
+// Fills the table from the file of the source. A list of 200 entries or more is too big; the
+// entries read so far then stay. Throws errors::FileError for a file that cannot be read.
+profile::ReadResult ReadMaterialList(ListSource source);
 
-// Replaces the file of the source with the table, whole or not at all; throws platform::FileError.
+// Replaces the file of the source with the table, whole or not at all; throws errors::FileError.
 // Trims both text fields of every entry.
-void WriteMaterialList(int source);
+void WriteMaterialList(ListSource source);
 
-// The same between the bytes of a file and a table. Reading gives false for 200 entries or more.
-bool ReadMaterialList(const profile::Profile& file, MaterialListTable& table);
-std::string MaterialListText(MaterialListTable& table, int source);
-
-// A thickness as the window shows it and a directory's list holds it: "0.5", "12.5", never
-// negative.
-std::string ThicknessText(float thickness);
+// The same between the bytes of a file and a table.
+profile::ReadResult ReadMaterialList(const profile::Profile& file, MaterialListTable& table);
+std::string MaterialListText(MaterialListTable& table, ListSource source);
 
 }  // namespace materiallist

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "app/system_config.h"
+#include "materiallist/material_list_table.h"
 #include "profile/data_file.h"
 #include "profile/write_key.h"
 #include "text/numbers.h"
@@ -11,26 +13,10 @@ namespace {
 
 constexpr std::string_view kSection = "Nest";
 
-std::string ProfileIn(const std::string& userDir) {
-    return userDir + "\\nestuser.ini";
-}
-
 }  // namespace
 
-bool NestOptionsChanged = false;
-
-NestOptions& TheNestOptions() {
-    static NestOptions options;
-    return options;
-}
-
-void ResetNestOptions() {
-    TheNestOptions() = {};
-    NestOptionsChanged = false;
-}
-
 void ReadNestOptions(const std::string& userDir) {
-    const auto file = profile::Profile::LoadIfReadable(ProfileIn(userDir));
+    const auto file = profile::Profile::LoadIfReadable(app::UserProfileIn(userDir));
     profile::ValueReader values(file);
     const auto flag = [&](std::string_view key) -> std::int16_t {
         return text::Val(values.Read(kSection, key, "0")) != 0 ? 1 : 0;
@@ -40,14 +26,14 @@ void ReadNestOptions(const std::string& userDir) {
     options.NestCheck = flag("NestCheck");
     options.TracePlateOutline = flag("TracePlateOutLine");
     options.PrePiercingEnabled = flag("PrePiercingEnabled");
-    options.PrePiercingThickness = std::max(
-        0.0f, text::ToSingle(text::Val(values.Read(kSection, "PrePiercingThickness", "50"))));
+    options.PrePiercingThickness =
+        std::max(0.0f, text::ToSingle(values.Read(kSection, "PrePiercingThickness", "50")));
 }
 
 void WriteNestOptions(const std::string& userDir) {
     const NestOptions& options = TheNestOptions();
     const auto flag = [](int value) { return value != 0 ? "1" : "0"; };
-    profile::WriteKeys(ProfileIn(userDir), kSection,
+    profile::WriteKeys(app::UserProfileIn(userDir), kSection,
                        {{"AllowKerfProg", flag(options.AllowKerfProg)},
                         {"NestCheck", flag(options.NestCheck)},
                         {"TracePlateOutline", flag(options.TracePlateOutline)},

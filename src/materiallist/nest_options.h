@@ -14,18 +14,12 @@ struct NestOptions {
     float PrePiercingThickness = 0;       // from this plate thickness on, mm
 };
 
-// The one set of the run, and its unsaved-change flag.
-NestOptions& TheNestOptions();
-extern bool NestOptionsChanged;
-
-// Empties both, for the next test.
-void ResetNestOptions();
-
-// Reads the options from nestuser.ini of the user directory; what is missing takes its default.
+// Reads the options of the run from nestuser.ini of the user directory; what is missing or cannot
+// be read takes its default.
 void ReadNestOptions(const std::string& userDir);
 
 // Writes the five keys, all or none; every other byte of the file stays. A negative thickness stays
-// one: it is limited when it is read. A profile that cannot be written is silently not updated.
+// one: it is limited when it is read. Throws errors::FileError, with the file as it was.
 void WriteNestOptions(const std::string& userDir);
 
 }  // namespace materiallist

@@ -4,8 +4,8 @@
 
 #include "materialtypes/material_type_table.h"
 #include "text/strings.h"
+#include "views/keys.h"
 #include "views/screen.h"
-#include "views/view_procedures.h"
 
 namespace materialtypes {
 namespace {
@@ -29,7 +29,9 @@ FrmAddMaterialTypes::FrmAddMaterialTypes(views::GridEditor& editor)
     SetLayout(Column({Label1, txtAddMaterial, Row({Stretch(), cmdOK, cmdCancel})}));
 
     txtAddMaterial.onGotFocus = [this] { txtAddMaterial.SelectAll(); };
-    txtAddMaterial.onChange = [this] { CutCode(); };
+    txtAddMaterial.onChange = [this] {
+        if (txtAddMaterial.CutTo(kCodeLength)) views::TheScreen().Beep();
+    };
     txtAddMaterial.onKeyPress = [this](CharEvent& event) {
         if (event.character != kKeyEnter) return;
         event.handled = true;
@@ -37,13 +39,6 @@ FrmAddMaterialTypes::FrmAddMaterialTypes(views::GridEditor& editor)
     };
     cmdOK.onClick = [this] { OkClick(); };
     cmdCancel.onClick = [this] { Close(); };
-}
-
-void FrmAddMaterialTypes::CutCode() {
-    if (txtAddMaterial.Text().size() <= kCodeLength) return;
-    views::TheScreen().Beep();
-    txtAddMaterial.SetText(txtAddMaterial.Text().substr(0, kCodeLength));
-    txtAddMaterial.Select(kCodeLength, 0);
 }
 
 void FrmAddMaterialTypes::EnterPressed() {
@@ -70,7 +65,7 @@ void FrmAddMaterialTypes::OkClick() {
     }
     editor_.InsertRow({code, "", "0"}, table.Count + 1);
     ++table.Count;
-    MaterialTypesChanged = true;
+    Shared().MaterialTypesChanged = true;
     Close();
 }
 

@@ -20,7 +20,6 @@ class FrmAddMaterialTypes : public views::Form {
     views::CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
 
   private:
-    void CutCode();
     void EnterPressed();
     void OkClick();
 

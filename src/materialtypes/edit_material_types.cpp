@@ -5,13 +5,13 @@
 #include <string>
 
 #include "app/system_config.h"
+#include "errors/errors.h"
 #include "materialtypes/add_material_types.h"
 #include "materialtypes/material_type_table.h"
-#include "platform/errors.h"
+#include "text/clean_text.h"
 #include "text/numbers.h"
 #include "views/application.h"
 #include "views/screen.h"
-#include "views/view_procedures.h"
 
 namespace materialtypes {
 namespace {
@@ -26,15 +26,12 @@ bool IsTyped(char character) {
 }
 
 std::string InSystemDirectory() {
-    const auto& config = app::TheConfig();
-    return "\rin " + config.NestHomeDrive + config.NestRootDir + "\\SYSTEM\\";
+    return "\rin " + app::TheConfig().UpperSystemDir() + "\\";
 }
 
-// As the file has it, with a zero in front of a fraction; unlike a cell that is left, a negative
-// density is shown as it is.
+// Unlike in a cell that is left, a negative density is shown as it is.
 std::string ShownDensity(float density) {
-    const std::string text = DensityText(density);
-    return density > 0 && density < 1 ? "0" + text : text;
+    return density < 0 ? text::NumberText(density) : text::ShownNumber(density);
 }
 
 }  // namespace
@@ -47,7 +44,7 @@ FrmEditMaterialTypes::FrmEditMaterialTypes()
                .numberLength = kDensityLength,
                .accepts = IsTyped,
                .tidiesGrid = true,
-               .edited = [] { MaterialTypesChanged = true; }}) {
+               .edited = [] { Shared().MaterialTypesChanged = true; }}) {
     resizable = true;
     firstFocus = &grdMaterialTypes;
     closeButton = &cmdClose;
@@ -72,7 +69,7 @@ void FrmEditMaterialTypes::Load() {
             views::TheScreen().Beep();
             views::ShowWarning("File MATTYPES.DAT not found" + InSystemDirectory(), kLoadTitle);
         }
-    } catch (const platform::FatalError& failure) {
+    } catch (const errors::Error& failure) {
         views::ShowWarning(failure.what(), kLoadTitle);
         Close();
         return;
@@ -80,7 +77,7 @@ void FrmEditMaterialTypes::Load() {
     FillMaterialTypesGrid();
     cmdDelete.SetEnabled(false);
     editor_.Start();
-    MaterialTypesChanged = false;
+    Shared().MaterialTypesChanged = false;
 }
 
 void FrmEditMaterialTypes::FillMaterialTypesGrid() {
@@ -98,8 +95,8 @@ void FrmEditMaterialTypes::FillMaterialTypesGrid() {
     grid.SetText(0, kDensity, "Density");
     for (int row = 1; row <= table.Count; ++row) {
         MaterialTypeRecord& record = table.Record(row);
-        const std::string code = views::CleanText(record.Code);
-        const std::string description = views::CleanText(record.Description);
+        const std::string code = text::CleanText(record.Code);
+        const std::string description = text::CleanText(record.Description);
         record.Code = code;
         record.Description = description;
         grid.SetText(row, kCode, code);
@@ -137,7 +134,7 @@ void FrmEditMaterialTypes::DeleteClick() {
         return;
     }
     editor_.RemoveCurrentRow();
-    MaterialTypesChanged = true;
+    Shared().MaterialTypesChanged = true;
     --table.Count;
     cmdAdd.SetEnabled(true);
     grdMaterialTypes.SetFocus();
@@ -147,8 +144,8 @@ void FrmEditMaterialTypes::DeleteClick() {
 }
 
 void FrmEditMaterialTypes::CloseClick() {
-    const bool save =
-        MaterialTypesChanged && views::AskYesNo("       Save Changes ?", "Material Types Save");
+    const bool save = Shared().MaterialTypesChanged &&
+                      views::AskYesNo("       Save Changes ?", "Material Types Save");
     if (!save || Save()) Close();
 }
 
@@ -159,15 +156,18 @@ bool FrmEditMaterialTypes::Save() {
         MaterialTypeRecord& record = table.Record(row);
         record.Code = grdMaterialTypes.Text(row, kCode);
         record.Description = grdMaterialTypes.Text(row, kDescription);
-        record.Density = text::ToSingle(text::Val(grdMaterialTypes.Text(row, kDensity)));
+        record.Density = text::ToSingle(grdMaterialTypes.Text(row, kDensity));
     }
-    std::string reason;
-    if (WriteMaterialTypes(&reason)) return true;
-    views::TheScreen().Beep();
-    views::ShowWarning(
-        "Error during Saving file MATTYPES.DAT" + InSystemDirectory() + "\r\r" + reason,
-        "Error in Saving file");
-    return false;
+    try {
+        WriteMaterialTypes();
+        return true;
+    } catch (const errors::FileError& failure) {
+        views::TheScreen().Beep();
+        views::ShowWarning(
+            "Error during Saving file MATTYPES.DAT" + InSystemDirectory() + "\r\r" + failure.what(),
+            "Error in Saving file");
+        return false;
+    }
 }
 
 }  // namespace materialtypes

@@ -1,11 +1,11 @@
 #include "materialtypes/material_type_table.h"
 
 #include "app/system_config.h"
-#include "platform/checked.h"
+#include "errors/checked.h"
 #include "platform/files.h"
 #include "profile/data_file.h"
+#include "text/clean_text.h"
 #include "text/numbers.h"
-#include "views/view_procedures.h"
 
 namespace materialtypes {
 namespace {
@@ -17,8 +17,8 @@ std::int16_t ForEachCode(profile::ValueReader& values, Store store) {
         const auto code = values.Read("Materials", profile::Numbered("Mat", n));
         if (code.empty()) return static_cast<std::int16_t>(n - 1);
         if (n > MaxMaterialTypes) {
-            throw platform::FatalError("MATTYPES.DAT lists more than " +
-                                       std::to_string(MaxMaterialTypes) + " material types");
+            throw errors::FatalError("MATTYPES.DAT lists more than " +
+                                     std::to_string(MaxMaterialTypes) + " material types");
         }
         store(static_cast<std::size_t>(n - 1), code);
     }
@@ -31,20 +31,13 @@ std::string WithNul(std::string_view value) {
 
 }  // namespace
 
-bool MaterialTypesChanged = false;
-
 MaterialTypeRecord& MaterialTypeTable::Record(int n) {
-    return platform::Element(Records, n, "Material type");
+    return errors::Element(Records, n, "Material type");
 }
 
-MaterialTypeTable& TheMaterialTypes() {
-    static MaterialTypeTable table;
-    return table;
-}
-
-void ResetMaterialTypes() {
-    TheMaterialTypes() = {};
-    MaterialTypesChanged = false;
+SharedState& Shared() {
+    static SharedState state;
+    return state;
 }
 
 std::string MaterialTypesPath() {
@@ -65,7 +58,7 @@ void ReadMaterialTypes(const profile::Profile& file, MaterialTypeTable& table) {
         record.Code = WithNul(code);
         const std::string_view section = record.Code.View();
         record.Description = WithNul(values.Read(section, "Description"));
-        record.Density = text::ToSingle(text::Val(values.Read(section, "Density", "0")));
+        record.Density = text::ToSingle(values.Read(section, "Density", "0"));
     });
     table.Records = records;
 }
@@ -84,18 +77,12 @@ void ReadMaterialTypeCodes(const profile::Profile& file, MaterialTypeTable& tabl
     table.Codes = codes;
 }
 
-bool WriteMaterialTypes(std::string* reason) {
-    try {
-        platform::ReplaceWholeFile(MaterialTypesPath(), MaterialTypesText(TheMaterialTypes()));
-        return true;
-    } catch (const platform::FileError& failure) {
-        if (reason != nullptr) *reason = failure.what();
-        return false;
-    }
+void WriteMaterialTypes() {
+    platform::ReplaceWholeFile(MaterialTypesPath(), MaterialTypesText(TheMaterialTypes()));
 }
 
 std::string MaterialTypesText(MaterialTypeTable& table) {
-    profile::FileText file;
+    profile::FileLines file;
     file.Line("; MATTYPES.DAT");
     file.Line("; Material types database.");
     file.BlankLine();
@@ -109,18 +96,14 @@ std::string MaterialTypesText(MaterialTypeTable& table) {
     }
     for (int n = 1; n <= table.Count; ++n) {
         MaterialTypeRecord& record = table.Record(n);
-        const std::string code = views::CleanText(record.Code);
+        const std::string code = text::CleanText(record.Code);
         record.Code = code;
         file.BlankLine();
         file.Line("[", code, "]");
         file.Line("Description=", record.Description.View());
-        file.Line("Density=", DensityText(record.Density));
+        file.Line("Density=", text::NumberText(record.Density));
     }
     return file.Bytes();
-}
-
-std::string DensityText(float density) {
-    return text::NumberText(density);
 }
 
 }  // namespace materialtypes

@@ -28,28 +28,32 @@ struct MaterialTypeTable {
     std::array<std::string, MaxMaterialTypes> Codes;  // filled by the loader, as read
     std::array<MaterialTypeRecord, MaxMaterialTypes> Records;
 
-    // Record of row n, counted from 1. An index outside 1 to 60 throws platform::FatalError.
+    // Record of row n, counted from 1. An index outside 1 to 60 throws errors::FatalError.
     MaterialTypeRecord& Record(int n);
 };
 
-// The one table of the run, and the unsaved-change flag of its window.
-MaterialTypeTable& TheMaterialTypes();
-extern bool MaterialTypesChanged;
+// What the windows of the material types share.
+struct SharedState {
+    MaterialTypeTable table;
+    bool MaterialTypesChanged = false;  // there are unsaved changes
+};
 
-// Empties both, for the next test.
-void ResetMaterialTypes();
+// The one of the run.
+SharedState& Shared();
+inline MaterialTypeTable& TheMaterialTypes() {
+    return Shared().table;
+}
 
 // <home><root>\system\mattypes.dat
 std::string MaterialTypesPath();
 
 // Fills Records and Count. False, with nothing changed, when there is no such file. Throws
-// platform::FatalError for a 61st type and platform::FileError for a file that cannot be read; the
+// errors::FatalError for a 61st type and errors::FileError for a file that cannot be read; the
 // table then stays as it was.
 bool ReadMaterialTypes();
 
-// Replaces the file with the records, whole or not at all; true when done, false when the file
-// cannot be written. `reason` then says why, with the path.
-bool WriteMaterialTypes(std::string* reason = nullptr);
+// Replaces the file with the records, whole or not at all; throws errors::FileError.
+void WriteMaterialTypes();
 
 // The loader's pass: Count and Codes. False when there is no such file; throws as above.
 bool ReadMaterialTypeCodes();
@@ -58,8 +62,5 @@ bool ReadMaterialTypeCodes();
 void ReadMaterialTypes(const profile::Profile& file, MaterialTypeTable& table);
 void ReadMaterialTypeCodes(const profile::Profile& file, MaterialTypeTable& table);
 std::string MaterialTypesText(MaterialTypeTable& table);
-
-// A density as the file holds it: at most 7 significant digits, no leading blank, ".5".
-std::string DensityText(float density);
 
 }  // namespace materialtypes

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <optional>
 #include <utility>
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "platform/native.h"
 #include "text/strings.h"
 
@@ -13,18 +14,42 @@ namespace platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Set while drive letters are entries of a folder instead of the platform's own.
-std::optional<fs::path> g_drivesFolder;
+using errors::BadName;
+using errors::FileError;
+using errors::FileErrorKind;
 
 bool IsLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-fs::path DriveRoot(char letter) {
-    const char lower = static_cast<char>(letter | 0x20);
-    if (g_drivesFolder) return *g_drivesFolder / std::string(1, lower);
-    return native::DriveRoot(lower);
+class FolderOfDrives : public native::DriveSource {
+  public:
+    explicit FolderOfDrives(const fs::path& folder) : folder_(folder) {}
+
+    fs::path Root(char letter) const override { return folder_ / std::string(1, letter); }
+    std::optional<std::string> Label(char letter) const override {
+        // Reading it tells whether it answers, which its mere existence does not.
+        std::error_code error;
+        const native::Directory root(Root(letter), error);
+        if (!error) root.Entries(error, 1);
+        return error ? std::nullopt : std::optional<std::string>("");
+    }
+    std::string Place() const override {
+        return "the entries a to z of the folder " + folder_.string();
+    }
+    std::string WindowsDirectory() const override { return "c:\\windows"; }
+
+  private:
+    fs::path folder_;
+};
+
+std::unique_ptr<native::DriveSource>& TheSource() {
+    static auto source = native::OwnDrives();
+    return source;
+}
+
+char Lower(char letter) {
+    return static_cast<char>(letter | 0x20);
 }
 
 // Names of devices, which Windows takes for the device in any directory and with any extension.
@@ -41,40 +66,32 @@ bool IsDevice(std::string_view name) {
 
 }  // namespace
 
-void MapDrives(const fs::path& folder) {
-    g_drivesFolder = folder;
+std::unique_ptr<native::DriveSource> native::DrivesIn(const fs::path& folder) {
+    return std::make_unique<FolderOfDrives>(folder);
 }
 
-void MapDrives() {
-    g_drivesFolder.reset();
-    native::PrepareDrives();
+void MapDrives(const fs::path& folder) {
+    TheSource() = native::DrivesIn(folder);
 }
 
 std::vector<Drive> Drives() {
-    if (!g_drivesFolder) return native::Drives();
     std::vector<Drive> drives;
     for (char letter = 'a'; letter <= 'z'; ++letter) {
-        if (DriveReady(letter)) drives.push_back({letter, {}});
+        if (const auto label = TheSource()->Label(letter)) drives.push_back({letter, *label});
     }
     return drives;
 }
 
 bool DriveReady(char letter) {
-    if (!IsLetter(letter)) return false;
-    if (!g_drivesFolder) return native::DriveReady(static_cast<char>(letter | 0x20));
-    std::error_code error;
-    const native::Directory root(DriveRoot(letter), error);
-    if (!error) root.Entries(error, 1);
-    return !error;
+    return IsLetter(letter) && TheSource()->Label(Lower(letter)).has_value();
 }
 
 std::string DrivesPlace() {
-    if (!g_drivesFolder) return native::DrivesPlace();
-    return "the entries a to z of the folder " + g_drivesFolder->string();
+    return TheSource()->Place();
 }
 
 std::string WindowsDirectory() {
-    return g_drivesFolder ? "c:\\windows" : native::WindowsDirectory();
+    return TheSource()->WindowsDirectory();
 }
 
 fs::path Resolve(std::string_view path, Lookup lookup) {
@@ -82,7 +99,7 @@ fs::path Resolve(std::string_view path, Lookup lookup) {
     if (path.size() < 2 || !IsLetter(path[0]) || path[1] != ':') {
         throw FileError(FileErrorKind::kPathNotFound, shown, "the path does not name a drive");
     }
-    fs::path native = DriveRoot(path[0]);
+    fs::path native = TheSource()->Root(Lower(path[0]));
     std::error_code error;
     const auto root = native::TypeOf(native, Links::kFollow, error);
     if (error) throw FileError(native::KindOf(error), shown, error.message());

@@ -18,11 +18,10 @@ struct Drive {
 };
 
 // Maps every drive letter to the entry of that name ('a' to 'z', a directory or a link to one) of
-// the folder, and the Windows directory to c:\windows. Without an argument the drives are those
-// of the operator: the platform's own where it has drive letters, else the entries of
-// quarvel/drives in the user's data folder, where c is made when no drive is there yet.
+// the folder, and the Windows directory to c:\windows. Before that the drives are those of the
+// operator: the platform's own where it has drive letters, else the entries of quarvel/drives in
+// the user's data folder, where c is made when no drive is there yet.
 void MapDrives(const std::filesystem::path& folder);
-void MapDrives();
 
 // The drives that are there and ready, by letter.
 std::vector<Drive> Drives();

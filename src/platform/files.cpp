@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "errors/errors.h"
 #include "platform/drives.h"
-#include "platform/errors.h"
 #include "platform/native.h"
 #include "text/strings.h"
 
@@ -12,6 +12,9 @@ namespace platform {
 namespace {
 
 namespace fs = std::filesystem;
+using errors::BadName;
+using errors::FileError;
+using errors::FileErrorKind;
 
 [[noreturn]] void Fail(std::string_view path, const std::error_code& error) {
     throw FileError(native::KindOf(error), std::string(path), error.message());
@@ -108,10 +111,7 @@ std::optional<std::string> ReadFileIfThere(std::string_view path) {
     } catch (const BadName&) {
         return std::nullopt;
     } catch (const FileError& failure) {
-        if (failure.Kind() == FileErrorKind::kFileNotFound ||
-            failure.Kind() == FileErrorKind::kPathNotFound) {
-            return std::nullopt;
-        }
+        if (failure.IsMissing()) return std::nullopt;
         throw;
     }
 }

@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "platform/native.h"
 #include "text/strings.h"
 
 namespace platform {
 namespace {
+
+using errors::FileError;
+using errors::FileErrorKind;
 
 void Check(std::string_view path, const std::error_code& error) {
     if (!error) return;

@@ -13,13 +13,15 @@
 #include <system_error>
 #include <vector>
 
+#include "errors/errors.h"
 #include "platform/drives.h"
-#include "platform/errors.h"
 #include "platform/folder.h"
 
 namespace platform::native {
 
 namespace fs = std::filesystem;
+using errors::FileError;
+using errors::FileErrorKind;
 
 // Why the file layer itself refuses something that the platform would do.
 enum class Refusal {
@@ -45,13 +47,24 @@ inline bool IsMissing(const std::error_code& error) {
     return kind == FileErrorKind::kFileNotFound || kind == FileErrorKind::kPathNotFound;
 }
 
-// The operator's own drives. DriveRoot is the directory behind a letter ('a' to 'z').
-std::vector<Drive> Drives();
-fs::path DriveRoot(char letter);
-bool DriveReady(char letter);
-void PrepareDrives();
-std::string DrivesPlace();
-std::string WindowsDirectory();
+// Where the drive letters ('a' to 'z') lead.
+class DriveSource {
+  public:
+    virtual ~DriveSource() = default;
+
+    // The directory behind a letter, whether it is there or not.
+    virtual fs::path Root(char letter) const = 0;
+    // The volume label, "" for none; nothing for a drive that is not there or not ready.
+    virtual std::optional<std::string> Label(char letter) const = 0;
+    // Where drives are looked for, in words for the operator.
+    virtual std::string Place() const = 0;
+    virtual std::string WindowsDirectory() const = 0;
+};
+
+// The entries of a folder.
+std::unique_ptr<DriveSource> DrivesIn(const fs::path& folder);
+// The operator's own drives.
+std::unique_ptr<DriveSource> OwnDrives();
 
 // The entry of `folder` that a component addresses, in its present spelling; `name` itself where
 // none does. Throws FileError when more than one matches or it cannot be found out.

@@ -5,19 +5,20 @@
 #include "process/process_defaults.h"
 #include "process/process_file.h"
 #include "process/process_table.h"
+#include "text/clean_text.h"
 #include "text/numbers.h"
 #include "text/strings.h"
+#include "views/keys.h"
 #include "views/screen.h"
-#include "views/view_procedures.h"
 
 namespace process {
 namespace {
 
-// Letter case included: the nesting system tells plasma and Plasma apart.
+// Letter case included: plasma and Plasma have always been two processes here.
 bool IsTaken(const std::string& name) {
     ProcessTable& table = TheProcesses();
     for (int n = 1; n <= table.ProcessCount; ++n) {
-        if (text::Trim(views::CleanText(table.Process(n).Name)) == name) return true;
+        if (text::Trim(text::CleanText(table.Process(n).Name)) == name) return true;
     }
     return false;
 }
@@ -89,7 +90,7 @@ void FrmAddProcess::Unload() {
     if (!ProcessAdded) return;
     const ProcessTable& table = TheProcesses();
     owner_.cboProcess.AddItem(table.Process(table.ProcessCount).Name.View());
-    ProcessChanged = true;
+    Shared().ProcessChanged = true;
     if (table.ProcessCount == 1) owner_.cboProcess.SetListIndex(0);
 }
 

@@ -4,17 +4,13 @@
 
 #include "process/process_table.h"
 #include "text/numbers.h"
+#include "views/keys.h"
 #include "views/screen.h"
-#include "views/view_procedures.h"
 
 namespace process {
 namespace {
 
 constexpr std::size_t kNumberLength = 13;
-
-float Number(std::string_view value) {
-    return text::ToSingle(text::Val(value));
-}
 
 }  // namespace
 
@@ -28,7 +24,7 @@ FrmAddThickness::FrmAddThickness(views::GridEditor& editor)
     SetLayout(
         Column({Label1, txtNewThickness, Row({Stretch(), cmdAddNewThicknessOK, cmdANTCancel})}));
 
-    txtNewThickness.onChange = [this] { CutText(); };
+    txtNewThickness.onChange = [this] { txtNewThickness.CutTo(kNumberLength); };
     txtNewThickness.onKeyPress = [this](CharEvent& event) {
         if (event.character != kKeyEnter) return;
         event.handled = true;
@@ -38,27 +34,24 @@ FrmAddThickness::FrmAddThickness(views::GridEditor& editor)
     cmdANTCancel.onClick = [this] { Close(); };
 }
 
-void FrmAddThickness::CutText() {
-    if (txtNewThickness.Text().size() <= kNumberLength) return;
-    txtNewThickness.SetText(txtNewThickness.Text().substr(0, kNumberLength));
-    txtNewThickness.Select(kNumberLength, 0);
-}
-
 void FrmAddThickness::OkClick() {
-    ProcessRecord& process = TheProcesses().Process(CurrentProcess);
-    const float entered = Number(txtNewThickness.Text());
+    ProcessRecord& process = TheProcesses().Process(Shared().CurrentProcess);
+    const float entered = text::ToSingle(txtNewThickness.Text());
     if (!(entered > 0)) return Refuse("Thickness must bigger than 0.");
 
     // Compared as it will be shown: what differs behind the last digit of the grid is the same.
-    const std::string shown = views::LeadingZeroText(text::NumberText(entered));
-    const float thickness = Number(shown);
+    const std::string shown = text::ShownNumber(entered);
+    const float thickness = text::ToSingle(shown);
     int row = 1;
-    while (row <= process.ThicknessCount && Number(editor_.Cells().Text(row, 0)) < thickness) ++row;
-    if (row <= process.ThicknessCount && Number(editor_.Cells().Text(row, 0)) == thickness) {
+    while (row <= process.ThicknessCount &&
+           text::ToSingle(editor_.Cells().Text(row, 0)) < thickness)
+        ++row;
+    if (row <= process.ThicknessCount &&
+        text::ToSingle(editor_.Cells().Text(row, 0)) == thickness) {
         return Refuse("Thickness" + text::Str(thickness) + " already exist.");
     }
     editor_.InsertRow({shown, "0", "0", "0", "0"}, row);
-    ProcessChanged = true;
+    Shared().ProcessChanged = true;
     ++process.ThicknessCount;
     Close();
 }

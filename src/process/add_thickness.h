@@ -20,7 +20,6 @@ class FrmAddThickness : public views::Form {
     views::CommandButton cmdANTCancel{*this, "cmdANTCancel", "&Cancel"};
 
   private:
-    void CutText();
     void OkClick();
     void Refuse(std::string_view reason);
 

@@ -5,15 +5,15 @@
 #include <utility>
 
 #include "app/system_config.h"
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "process/add_process.h"
 #include "process/process_file.h"
 #include "process/thickness_data.h"
+#include "text/clean_text.h"
 #include "text/numbers.h"
 #include "text/strings.h"
 #include "views/application.h"
 #include "views/screen.h"
-#include "views/view_procedures.h"
 
 namespace process {
 namespace {
@@ -31,7 +31,7 @@ int LeadOption(const std::array<std::string_view, Count>& codes, text::FixedText
         if (codes[i] == exact) return static_cast<int>(i);
     }
     // Read from the file, the code of the quarter circle has lost its blank.
-    return views::CleanText(lead) == "Arc" ? 1 : -1;
+    return text::CleanText(lead) == "Arc" ? 1 : -1;
 }
 
 template <std::size_t Count>
@@ -52,9 +52,9 @@ void ShowOption(std::array<views::OptionButton, Count>& options, int chosen) {
 // Every edit of the operator enters the record here. Without a process there is nothing to edit.
 template <class Change>
 void Edit(const Change& change) {
-    if (CurrentProcess <= 0) return;
-    ProcessChanged = true;
-    change(TheProcesses().Process(CurrentProcess));
+    if (Shared().CurrentProcess <= 0) return;
+    Shared().ProcessChanged = true;
+    change(TheProcesses().Process(Shared().CurrentProcess));
 }
 
 // `store` takes the record and the index of the option.
@@ -193,20 +193,19 @@ void FrmProcessDefaults::Load() {
     const std::string title = "Error loading Process.dat";
     ProcessTable& table = TheProcesses();
     const auto before = std::make_unique<ProcessTable>(table);
-    const auto currentBefore = CurrentProcess;
+    const auto currentBefore = Shared().CurrentProcess;
     table.ProcessCount = 0;
-    CurrentProcess = 0;
+    Shared().CurrentProcess = 0;
     try {
         if (!ReadProcessFile()) {
-            const app::SystemConfig& config = app::TheConfig();
-            views::ShowWarning("File PROCESS.DAT not found\rin " + config.NestHomeDrive +
-                                   config.NestRootDir + "\\SYSTEM\\",
-                               title);
+            views::ShowWarning(
+                "File PROCESS.DAT not found\rin " + app::TheConfig().UpperSystemDir() + "\\",
+                title);
         }
-    } catch (const platform::FatalError& failure) {
+    } catch (const errors::Error& failure) {
         // Half of a file must not be offered as the whole.
         table = *before;
-        CurrentProcess = currentBefore;
+        Shared().CurrentProcess = currentBefore;
         views::ShowWarning(failure.what(), title);
         return Close();
     }
@@ -215,18 +214,18 @@ void FrmProcessDefaults::Load() {
     }
     if (table.ProcessCount > 0) {
         cboProcess.SetListIndex(0);
-        CurrentProcess = 1;
+        Shared().CurrentProcess = 1;
     }
-    ProcessChanged = false;
+    Shared().ProcessChanged = false;
 }
 
 void FrmProcessDefaults::SelectProcess() {
     if (TheProcesses().ProcessCount <= 0) return;
-    CurrentProcess = static_cast<std::int16_t>(cboProcess.ListIndex() + 1);
+    Shared().CurrentProcess = static_cast<std::int16_t>(cboProcess.ListIndex() + 1);
     SetCaption("Process Defaults " + std::string(text::Trim(cboProcess.Text())));
-    const bool changed = ProcessChanged;  // to be shown is no edit
-    FillProcessControls(CurrentProcess);
-    ProcessChanged = changed;
+    const bool changed = Shared().ProcessChanged;  // to be shown is no edit
+    FillProcessControls(Shared().CurrentProcess);
+    Shared().ProcessChanged = changed;
 }
 
 void FrmProcessDefaults::FillProcessControls(int number) {
@@ -284,9 +283,9 @@ void FrmProcessDefaults::DeleteProcessClick() {
                                  "\r         Are you sure you want to continue ?";
     if (!views::AskYesNo(question, "Delete Process")) return;
 
-    ProcessChanged = true;
+    Shared().ProcessChanged = true;
     ProcessTable& table = TheProcesses();
-    const int deleted = CurrentProcess;
+    const int deleted = Shared().CurrentProcess;
     // The settings move down, the names stay where they are: the last name falls away.
     for (int i = deleted; i < table.ProcessCount; ++i) InitProcessRecord(i, i + 1);
     --table.ProcessCount;
@@ -294,12 +293,12 @@ void FrmProcessDefaults::DeleteProcessClick() {
     cmdAddProcess.SetEnabled(true);
     if (table.ProcessCount < 1) return ShowNoProcess();
     cboProcess.SetListIndex(0);
-    CurrentProcess = 1;
+    Shared().CurrentProcess = 1;
 }
 
 void FrmProcessDefaults::ShowNoProcess() {
     // First of all, so that nothing below writes to the record of the deleted one.
-    CurrentProcess = 0;
+    Shared().CurrentProcess = 0;
     for (views::TextBox* box : {&txtRapid, &txtLeadInAngle, &txtLeadOutAngle}) box->SetText("");
     for (std::size_t i : {0, 1}) {
         optLeadIn[i].SetValue(false);
@@ -316,10 +315,10 @@ void FrmProcessDefaults::ShowNoProcess() {
 
 void FrmProcessDefaults::CloseClick() {
     const std::string title = "Closing Process Defaults";
-    if (ProcessChanged && views::AskYesNo("             Save Changes ?", title)) {
+    if (Shared().ProcessChanged && views::AskYesNo("             Save Changes ?", title)) {
         try {
             WriteProcessFile();
-        } catch (const platform::FileError& failure) {
+        } catch (const errors::FileError& failure) {
             return views::ShowWarning(failure.what(), title);  // the edits stay here
         }
     }

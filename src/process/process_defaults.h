@@ -22,7 +22,7 @@ class FrmProcessDefaults : public views::Form {
     FrmProcessDefaults();
 
     // Shows process `number`, counted from 1, which must be the current one: choosing its options
-    // writes their codes back to the record. Sets ProcessChanged. Throws platform::FatalError for
+    // writes their codes back to the record. Sets ProcessChanged. Throws errors::FatalError for
     // a number outside the table.
     void FillProcessControls(int number);
 

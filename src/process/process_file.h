@@ -12,22 +12,17 @@ namespace process {
 struct ProcessTable;
 
 // Empties the table (ProcessCount 0) and reads the file. False only when there is no such file.
-// Throws platform::FatalError, with what and the limit, for a 21st process, a 101st row or an
-// integer outside 16 bits, and platform::FileError for a file that cannot be read.
+// Throws errors::FatalError, with what and the limit, for a 21st process, a 101st row or an
+// integer outside 16 bits, and errors::FileError for a file that cannot be read.
 bool ReadProcessFile();
 
-// Replaces the file with the table, whole or not at all; throws platform::FileError. Trims every
+// Replaces the file with the table, whole or not at all; throws errors::FileError. Trims every
 // Name of the table, which leaves its clean value.
 void WriteProcessFile();
 
 // Sets process `destination` to the built-in defaults when `source` is below 1, else copies every
 // field but Name from process `source`, its rows in use included.
 void InitProcessRecord(int destination, int source);
-
-// Takes the next number of a thickness row off the text: everything behind its first comma stays
-// in it; the result begins at the first digit or point behind that comma. "0" for an empty text,
-// "" when there is no comma or no number behind it.
-std::string NextNumberField(std::string& text);
 
 // The loader's pass: ProcessCount, ProcessNames and the thickness ranges. False when there is no
 // such file; throws as ReadProcessFile does.

@@ -1,38 +1,29 @@
 #include "process/process_table.h"
 
 #include "app/system_config.h"
-#include "platform/checked.h"
+#include "errors/checked.h"
 
 namespace process {
 
-std::int16_t CurrentProcess = 0;
-bool ProcessChanged = false;
-
 ThicknessRow& ProcessRecord::Row(int k) {
-    return platform::Element(Rows, k, "Thickness row");
+    return errors::Element(Rows, k, "Thickness row");
 }
 
 const ThicknessRow& ProcessRecord::Row(int k) const {
-    return platform::Element(Rows, k, "Thickness row");
+    return errors::Element(Rows, k, "Thickness row");
 }
 
 ProcessRecord& ProcessTable::Process(int n) {
-    return platform::Element(Processes, n, "Process");
+    return errors::Element(Processes, n, "Process");
 }
 
 const ProcessRecord& ProcessTable::Process(int n) const {
-    return platform::Element(Processes, n, "Process");
+    return errors::Element(Processes, n, "Process");
 }
 
-ProcessTable& TheProcesses() {
-    static ProcessTable table;
-    return table;
-}
-
-void ResetProcesses() {
-    TheProcesses() = {};
-    CurrentProcess = 0;
-    ProcessChanged = false;
+SharedState& Shared() {
+    static SharedState state;
+    return state;
 }
 
 std::string ProcessFilePath() {

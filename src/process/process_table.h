@@ -31,7 +31,7 @@ inline constexpr std::string_view kLeadNone = "    ";  // lead-out only
 
 struct ProcessRecord {
     // As stored: padded with blanks by the windows; as read from the file, the value, a NUL and
-    // remains of the read buffer. Cleaned with views::CleanText wherever it is shown or compared.
+    // remains of the read buffer. Cleaned with text::CleanText wherever it is shown or compared.
     text::FixedText<64> Name;
     float Rapid = 0;                    // rapid traverse rate, mm/min
     float LineMarkRate = 0;             // line-marking feed rate, mm/min
@@ -50,7 +50,7 @@ struct ProcessRecord {
     std::array<ThicknessRow, MaxThicknessRows> Rows;
     std::int16_t ThicknessCount = 0;  // rows in use
 
-    // Row k, counted from 1. An index outside 1 to 100 throws platform::FatalError.
+    // Row k, counted from 1. An index outside 1 to 100 throws errors::FatalError.
     ThicknessRow& Row(int k);
     const ThicknessRow& Row(int k) const;
 
@@ -67,19 +67,23 @@ struct ProcessTable {
     std::array<float, MaxProcesses> ProcessThicknessMin{};
     std::array<float, MaxProcesses> ProcessThicknessMax{};
 
-    // Process n, counted from 1. An index outside 1 to 20 throws platform::FatalError.
+    // Process n, counted from 1. An index outside 1 to 20 throws errors::FatalError.
     ProcessRecord& Process(int n);
     const ProcessRecord& Process(int n) const;
 };
 
-// The one table of the run, and what the process windows share: the number of the process being
-// worked on (counted from 1, 0 for none) and the unsaved-change flag.
-ProcessTable& TheProcesses();
-extern std::int16_t CurrentProcess;
-extern bool ProcessChanged;
+// What the process windows share.
+struct SharedState {
+    ProcessTable table;
+    std::int16_t CurrentProcess = 0;  // number of the process being worked on, 0 for none
+    bool ProcessChanged = false;      // there are unsaved changes
+};
 
-// Empties all of the above, for the next test.
-void ResetProcesses();
+// The one of the run.
+SharedState& Shared();
+inline ProcessTable& TheProcesses() {
+    return Shared().table;
+}
 
 // <home><root>\system\process.dat
 std::string ProcessFilePath();

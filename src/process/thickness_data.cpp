@@ -9,7 +9,6 @@
 #include "process/process_table.h"
 #include "text/numbers.h"
 #include "views/application.h"
-#include "views/view_procedures.h"
 
 namespace process {
 namespace {
@@ -29,7 +28,7 @@ constexpr std::array<CellField, 5> kColumns{{
 }};
 
 ProcessRecord& TheProcess() {
-    return TheProcesses().Process(CurrentProcess);
+    return TheProcesses().Process(Shared().CurrentProcess);
 }
 
 bool IsTyped(char character) {
@@ -97,7 +96,7 @@ void FrmThicknessData::FillThicknessGrid() {
         grid.SetText(0, column, heading);
         for (int row = 1; row <= process.ThicknessCount; ++row) {
             const float value = process.Row(row).*field;
-            grid.SetText(row, column, views::LeadingZeroText(text::NumberText(value)));
+            grid.SetText(row, column, text::ShownNumber(value));
         }
     }
 }
@@ -135,10 +134,10 @@ void FrmThicknessData::CopyBack() {
     for (int row = 1; row <= process.ThicknessCount; ++row) {
         for (int column = 0; column < grdThicknessData.Columns(); ++column) {
             process.Row(row).*kColumns[static_cast<std::size_t>(column)].field =
-                text::ToSingle(text::Val(grdThicknessData.Text(row, column)));
+                text::ToSingle(grdThicknessData.Text(row, column));
         }
     }
-    ProcessChanged = true;
+    Shared().ProcessChanged = true;
 }
 
 }  // namespace process

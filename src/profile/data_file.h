@@ -13,6 +13,9 @@
 
 namespace profile {
 
+// What came of reading a data file.
+enum class ReadResult { kRead, kMissing, kTooBig };
+
 // "Mat12": names of numbered keys and sections count from 1.
 inline std::string Numbered(std::string_view name, int n) {
     return std::string(name).append(std::to_string(n));
@@ -47,14 +50,14 @@ class ValueReader {
 };
 
 // The lines of a data file, each ended by CR LF.
-class FileText {
+class FileLines {
   public:
     template <typename... Parts>
     void Line(const Parts&... parts) {
         (bytes_.append(parts), ...);
         bytes_ += "\r\n";
     }
-    // The nesting system expects a lone CR on its blank lines.
+    // A blank line of these files has always been a lone CR, and every byte of them is kept.
     void BlankLine() { Line("\r"); }
 
     const std::string& Bytes() const { return bytes_; }

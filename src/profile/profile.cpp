@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "platform/files.h"
 #include "profile/encoding.h"
 #include "text/code_page.h"
@@ -75,7 +75,7 @@ Profile Profile::Load(std::string_view path) {
 Profile Profile::LoadIfReadable(std::string_view path) {
     try {
         return Load(path);
-    } catch (const platform::FileError&) {
+    } catch (const errors::FileError&) {
         return Profile();
     }
 }

@@ -1,6 +1,6 @@
 #include "profile/write_key.h"
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "platform/files.h"
 #include "profile/encoding.h"
 #include "profile/profile.h"
@@ -64,20 +64,18 @@ std::optional<std::string> WithKey(std::string_view bytes, std::string_view sect
     return written;
 }
 
-bool WriteKeys(std::string_view path, std::string_view section, const Pairs& pairs) {
-    try {
-        const auto before = platform::ReadFileIfThere(path);
-        std::string bytes = before.value_or(std::string());
-        for (const auto& [key, value] : pairs) {
-            auto written = WithKey(bytes, section, key, value);
-            if (!written) return false;
-            bytes = std::move(*written);
+void WriteKeys(std::string_view path, std::string_view section, const Pairs& pairs) {
+    const auto before = platform::ReadFileIfThere(path);
+    std::string bytes = before.value_or(std::string());
+    for (const auto& [key, value] : pairs) {
+        auto written = WithKey(bytes, section, key, value);
+        if (!written) {
+            throw errors::FileError(errors::FileErrorKind::kOther, std::string(path),
+                                    key + "=" + value + " cannot stand in a profile");
         }
-        if (bytes != before) platform::ReplaceWholeFile(path, bytes);
-        return true;
-    } catch (const platform::FileError&) {
-        return false;
+        bytes = std::move(*written);
     }
+    if (bytes != before) platform::ReplaceWholeFile(path, bytes);
 }
 
 }  // namespace profile

@@ -22,8 +22,8 @@ std::optional<std::string> WithKey(std::string_view bytes, std::string_view sect
 using Pairs = std::vector<std::pair<std::string, std::string>>;
 
 // The same for several keys of a section in a file, which is read just before and replaced once,
-// whole or not at all; a missing file is made. False, with the file as it was, when it cannot be
-// found out what is in it, it cannot be replaced or one of the pairs cannot be written.
-bool WriteKeys(std::string_view path, std::string_view section, const Pairs& pairs);
+// whole or not at all; a missing file is made. Throws FileError, with the file as it was, when it
+// cannot be found out what is in it, it cannot be replaced or one of the pairs cannot be written.
+void WriteKeys(std::string_view path, std::string_view section, const Pairs& pairs);
 
 }  // namespace profile

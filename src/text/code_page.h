@@ -1,8 +1,8 @@
 // The single-byte character set of the data files.
 //
-// Text inside the system is bytes of that set, because the nesting program reads and writes the
-// files so. It is converted at two borders only: what a person sees (views) and file names.
-// On Windows the set is the ANSI code page, elsewhere Windows-1252.
+// Text inside the system is bytes of that set, as it always was in these files. It is converted at
+// two borders only: what a person sees (views) and file names. On Windows the set is the ANSI code
+// page, elsewhere Windows-1252.
 #pragma once
 
 #include <optional>

@@ -117,6 +117,16 @@ std::string NumberText(std::int32_t value) {
     return {buffer.data(), end};
 }
 
+std::string LeadingZeroText(std::string_view number) {
+    const double value = Val(number);
+    if (value < 0) return "0";
+    return (value > 0 && value < 1 ? "0" : "") + std::string(number);
+}
+
+std::string ShownNumber(float value) {
+    return LeadingZeroText(NumberText(value));
+}
+
 std::string PlainText(float value) {
     std::string text = NumberText(value);
     const std::string sign = text.front() == '-' ? "-" : "";

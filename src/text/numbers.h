@@ -17,6 +17,11 @@ double Val(std::string_view value);
 // A double as a 32-bit float that is never infinite: a larger value becomes the largest float.
 float ToSingle(double value);
 
+// The leading number of a text as such a float.
+inline float ToSingle(std::string_view value) {
+    return ToSingle(Val(value));
+}
+
 // To the nearest integer, ties to even; nothing when it does not fit in 16 bits.
 std::optional<std::int16_t> ToInteger16(double value);
 
@@ -29,6 +34,13 @@ std::string Str(std::int32_t value);
 // The same without the leading blank.
 std::string NumberText(float value);
 std::string NumberText(std::int32_t value);
+
+// The display form of a number's text: "0" for a negative one, a zero in front of a fraction
+// (.5 becomes 0.5), everything else unchanged.
+std::string LeadingZeroText(std::string_view number);
+
+// A number as the windows and a directory's material list show it: "0.5", "12.5", never negative.
+std::string ShownNumber(float value);
 
 // The same digits without an exponent and with a zero before the point, for readers that know
 // neither: 10000000, 0.5, 0.00001.

@@ -136,8 +136,4 @@ bool SpinButton::HandleKey(int key, int shift) {
     return true;
 }
 
-Timer::Timer(Form& owner, int interval) : interval_(interval) {
-    owner.Register(*this);
-}
-
 }  // namespace views

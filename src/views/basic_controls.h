@@ -122,16 +122,10 @@ class SpinButton : public Control {
     void Step(const std::function<void()>& handler);
 };
 
-// Runs its handler every `interval` milliseconds while the window is open; never when 0.
-class Timer {
-  public:
-    Timer(Form& owner, int interval);
-
-    int Interval() const { return interval_; }
-    std::function<void()> onTimer;
-
-  private:
-    int interval_;
+// A timer among the controls of a window. The only one of the system does nothing when it ticks, so
+// nothing makes it tick.
+struct Timer {
+    int interval;  // milliseconds
 };
 
 }  // namespace views

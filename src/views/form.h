@@ -12,7 +12,6 @@
 namespace views {
 
 class CommandButton;
-class Timer;
 
 // The real window behind a plain one.
 class FormPeer {
@@ -74,11 +73,9 @@ class Form {
 
     // Every control that can be seen, in the order of the layout.
     std::vector<Control*> Controls() const;
-    const std::vector<Timer*>& Timers() const { return timers_; }
     const Layout& GetLayout() const { return layout_; }
 
     void Register(Control& control) { registered_.push_back(&control); }
-    void Register(Timer& timer) { timers_.push_back(&timer); }
     void SetPeer(FormPeer* peer) { peer_ = peer; }
 
     // In the screen's own units; the size is that of the real window.
@@ -99,7 +96,6 @@ class Form {
     std::string name_;
     std::string caption_;
     std::vector<Control*> registered_;
-    std::vector<Timer*> timers_;
     Layout layout_;
     FormPeer* peer_ = nullptr;
     Control* focus_ = nullptr;

@@ -19,11 +19,6 @@ std::size_t Grid::Checked(int index, int count) {
     return static_cast<std::size_t>(index);
 }
 
-void Grid::SetSize(int width, int height) {
-    width_ = width;
-    height_ = height;
-}
-
 void Grid::SetShape(int rows, int columns, int fixedRows, int fixedColumns) {
     columns_ = columns;
     fixedRows_ = fixedRows;

@@ -23,13 +23,11 @@ class Grid : public Control {
         bool operator==(const Block&) const = default;
     };
 
-    // Width and height are those of the window as it first opens.
+    // Width and height in twips: those of the grid as its window first opens.
     Grid(Form& owner, std::string_view name, int width, int height);
 
     int Width() const { return width_; }
     int Height() const { return height_; }
-    // The mirror gives the size that the grid really got, before the window loads its rows.
-    void SetSize(int width, int height);
 
     // Gives the grid a new shape: all texts empty, default sizes, the first cell that is not fixed
     // current. Runs no handler.

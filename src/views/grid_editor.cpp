@@ -7,27 +7,9 @@
 #include "views/view_procedures.h"
 
 namespace views {
-namespace {
-
-// The grid's own movement, which the navigation of the windows leaves to it.
-bool IsOwnMovement(int key, int shift) {
-    switch (key) {
-        case kKeyLeft:
-        case kKeyRight:
-        case kKeyPageUp:
-        case kKeyPageDown:
-        case kKeyHome:
-        case kKeyEnd:
-            return shift == 0;
-        default:
-            return false;
-    }
-}
-
-}  // namespace
 
 std::string NumberCellText(std::string_view text) {
-    return LeadingZeroText(text::NumberText(text::ToSingle(text::Val(text))));
+    return text::ShownNumber(text::ToSingle(text));
 }
 
 GridEditor::GridEditor(Grid& grid, TextBox& box, CommandButton& remove, Rules rules)
@@ -81,11 +63,11 @@ void GridEditor::EnterCell(int row, int column) {
 }
 
 void GridEditor::CellChanged() {
-    if (typed_ != Current()) typed_ = {};
+    if (typed_ != CurrentCell(grid_)) typed_ = {};
     const bool empty = rules_.count() == 0 && grid_.Row() == 1;
     box_.SetEnabled(!empty);
     ShowInBox();
-    KeepInView();
+    KeepRowInView(grid_, 6);
 }
 
 void GridEditor::ShowInBox() {
@@ -95,24 +77,11 @@ void GridEditor::ShowInBox() {
     mirroring_ = false;
 }
 
-// A cell out of view comes to the top; so does one that is 6 rows below it, however many the grid
-// has room for.
-void GridEditor::KeepInView() {
-    constexpr int kRowsInView = 6;
-    if (grid_.Rows() <= kRowsInView) return;
-    const int row = grid_.Row();
-    if (grid_.TopRow() > row || grid_.TopRow() <= row - kRowsInView) grid_.SetTopRow(row);
-}
-
-void GridEditor::Navigate(KeyEvent& event, int lastRow, bool tidies) {
-    int row = grid_.Row();
-    int column = grid_.Column();
-    NavigateCell(event.key, event.shift, event.handled, row, column, lastRow, grid_.Columns() - 1,
-                 1);
+void GridEditor::Navigate(KeyEvent& event, bool tidies) {
+    const Cell target = KeyTarget(grid_, event, rules_.count(), 1);
     if (!event.handled) return;
-    if (tidies && rules_.count() > 0) Tidy(Current());
-    grid_.SetCell(std::max(std::min(row, rules_.count()), 1),
-                  std::clamp(column, 1, grid_.Columns() - 1));
+    if (tidies && rules_.count() > 0) Tidy(CurrentCell(grid_));
+    grid_.SetCell(std::clamp(target.row, 1, std::max(rules_.count(), 1)), target.column);
     EnterCell();
 }
 
@@ -122,9 +91,9 @@ void GridEditor::Tidy(Cell cell) {
 }
 
 void GridEditor::GridKeyDown(KeyEvent& event) {
-    if (!IsOwnMovement(event.key, event.shift)) {
-        return Navigate(event, rules_.count(), rules_.tidiesGrid);
-    }
+    // What the navigation of the windows leaves to the grid.
+    const bool own = IsPaging(event.key) || event.key == kKeyLeft || event.key == kKeyRight;
+    if (!own || event.shift != 0) return Navigate(event, rules_.tidiesGrid);
     event.handled = grid_.HandleKey(event.key, event.shift);
     EnterCell();
 }
@@ -134,41 +103,26 @@ void GridEditor::GridKeyPress(CharEvent& event) {
     const bool back = event.character == kKeyBackspace;
     if (rules_.count() == 0 || (!back && !rules_.accepts(event.character))) return;
     // The first key in a cell replaces what is there.
-    std::string text = typed_ == Current() ? grid_.CurrentText() : std::string();
-    typed_ = Current();
-    if (!back) {
-        text += event.character;
-    } else if (!text.empty()) {
-        text.pop_back();
-    }
-    if (IsNumber(grid_.Column()) && text.size() > rules_.numberLength) {
-        text.resize(rules_.numberLength);
-    }
-    grid_.SetCurrentText(text);
+    const bool goesOn = typed_ == CurrentCell(grid_);
+    typed_ = CurrentCell(grid_);
+    const auto longest = IsNumber(typed_.column) ? rules_.numberLength : std::string::npos;
+    grid_.SetCurrentText(
+        Typed(goesOn ? grid_.CurrentText() : std::string(), event.character, longest));
     ShowInBox();
     rules_.edited();
 }
 
 void GridEditor::RowClick() {
     if (rules_.count() == 0) return;
-    grid_.SelectBlock({grid_.Row(), 1, grid_.Row(), grid_.Columns() - 1});
-    grid_.SetHighlight(true);
+    SelectDataRow(grid_);
     remove_.SetEnabled(true);
 }
 
 void GridEditor::BoxKeyDown(KeyEvent& event) {
     rules_.edited();
-    switch (event.key) {
-        case kKeyDown:
-        case kKeyEnter:
-        case kKeyTab:
-        case kKeyUp:
-            break;
-        default:
-            return;
-    }
+    if (!LeavesEditor(event.key)) return;
     // The cell has the text of the box already.
-    Navigate(event, grid_.Rows() - 1, true);
+    Navigate(event, true);
     // As when the box gets the focus: typing goes on with a new text.
     box_.SelectAll();
 }
@@ -176,21 +130,17 @@ void GridEditor::BoxKeyDown(KeyEvent& event) {
 // A number that is too long already is cut, then takes the character that is being typed.
 void GridEditor::BoxKeyPress() {
     rules_.edited();
-    if (!IsNumber(grid_.Column()) || box_.Text().size() <= rules_.numberLength) return;
-    box_.SetText(box_.Text().substr(0, rules_.numberLength));
-    box_.Select(rules_.numberLength, 0);
+    if (IsNumber(grid_.Column())) box_.CutTo(rules_.numberLength);
 }
 
 void GridEditor::InsertRow(const std::vector<std::string>& texts, int row) {
     typed_ = {};
-    grid_.AddRow(texts, row);
-    if (rules_.count() == 0) grid_.RemoveRow(row == 1 ? 2 : 1);
+    InsertDataRow(grid_, texts, row, rules_.count());
 }
 
 void GridEditor::RemoveCurrentRow() {
-    if (rules_.count() == 1) grid_.AddRow({});
     const int row = grid_.Row();
-    grid_.RemoveRow(row);
+    RemoveDataRow(grid_, row, rules_.count());
     typed_ = {};
     // The cell entered last moves up with its row or is gone with it.
     if (entered_.row == row) {

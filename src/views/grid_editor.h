@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "views/basic_controls.h"
-#include "views/grid.h"
+#include "views/grid_cells.h"
 #include "views/text_box.h"
 
 namespace views {
@@ -49,18 +49,12 @@ class GridEditor {
     // The current cell is another, or its text is: shows it in the box and keeps it in view.
     void CellChanged();
 
-    // Both keep the empty row of a grid without data, so the count must still be the old one.
+    // Both keep the blank row of a grid without data, so the count must still be the old one.
     void InsertRow(const std::vector<std::string>& texts, int row);
     void RemoveCurrentRow();
 
   private:
-    struct Cell {
-        int row = 0, column = 0;  // 0, 0 for none
-        bool operator==(const Cell&) const = default;
-    };
-
     bool IsNumber(int column) const { return column >= rules_.firstNumberColumn; }
-    Cell Current() const { return {grid_.Row(), grid_.Column()}; }
 
     void BindGrid();
     void BindBox();
@@ -71,10 +65,9 @@ class GridEditor {
     void BoxKeyPress();
 
     // Follows a key that leads to another cell; puts a number in order first if it `tidies`.
-    void Navigate(KeyEvent& event, int lastRow, bool tidies);
+    void Navigate(KeyEvent& event, bool tidies);
     void Tidy(Cell cell);
     void ShowInBox();
-    void KeepInView();
 
     Grid& grid_;
     TextBox& box_;

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "errors/errors.h"
 #include "platform/drives.h"
-#include "platform/errors.h"
 #include "text/strings.h"
 #include "views/form.h"
 #include "views/keys.h"
@@ -146,8 +146,8 @@ void DriveList::SetDrive(std::string_view drive) {
     const std::string shown = drive.empty() ? "no drive" : std::string(drive.substr(0, 1)) + ":";
     // There, but not ready, or not there at all; what cannot be found out has its own reason.
     platform::Resolve(shown);
-    throw platform::FileError(platform::FileErrorKind::kDeviceUnavailable, shown,
-                              "the drive is not ready");
+    throw errors::FileError(errors::FileErrorKind::kDeviceUnavailable, shown,
+                            "the drive is not ready");
 }
 
 bool DriveList::TrySetDrive(std::string_view drive) {

@@ -83,7 +83,7 @@ class DriveList : public Control {
     std::string Prefix() const;
 
     // Chooses the drive with the first letter of the text and runs Change if it was another.
-    // Throws platform::FileError when it is not there (kPathNotFound) or does not answer
+    // Throws errors::FileError when it is not there (kPathNotFound) or does not answer
     // (kDeviceUnavailable); the choice then stays.
     void SetDrive(std::string_view drive);
     // The same, but false when it is not there or does not answer. What Change throws comes

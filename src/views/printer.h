@@ -24,7 +24,7 @@ class Printer {
     void NewLine();
     void PrintLine(std::string_view text);
     void NewPage();
-    // Sends the document and begins an empty one. Throws platform::FatalError with the reason when
+    // Sends the document and begins an empty one. Throws errors::FatalError with the reason when
     // there is no printer or it fails; the document is then dropped.
     void EndDocument();
 

@@ -21,6 +21,13 @@ void TextPart::Select(std::size_t start, std::size_t length) {
     control_.Changed(Aspect::kSelection);
 }
 
+bool TextPart::CutTo(std::size_t length) {
+    if (text_.size() <= length) return false;
+    SetText(text_.substr(0, length));
+    Select(length, 0);
+    return true;
+}
+
 void TextPart::Insert(char character) {
     const bool back = character == kKeyBackspace;
     if (!back && static_cast<unsigned char>(character) < kKeySpace) return;  // Enter, Tab

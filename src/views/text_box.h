@@ -25,6 +25,9 @@ class TextPart {
     void Select(std::size_t start, std::size_t length);
     void SelectAll() { Select(0, text_.size()); }
 
+    // Cuts a text that is longer, puts the caret behind what is left and gives true.
+    bool CutTo(std::size_t length);
+
     // The operator types a character, or Backspace: it replaces the selection, at the caret where a
     // handler may just have put it. Runs Change where the text differs.
     void Insert(char character);

@@ -17,10 +17,10 @@
 #include "app/sys_man.h"
 #include "app/system_config.h"
 #include "directories/create_dir.h"
+#include "errors/errors.h"
 #include "materiallist/material_list_table.h"
 #include "materiallist/nest_options.h"
 #include "materialtypes/material_type_table.h"
-#include "platform/errors.h"
 #include "process/process_file.h"
 #include "process/process_table.h"
 #include "tests/support/one_fault.h"
@@ -69,10 +69,6 @@ class FaultsTest : public ::testing::Test {
     }
     ~FaultsTest() override {
         screen.answers.clear();
-        process::ResetProcesses();
-        materialtypes::ResetMaterialTypes();
-        materiallist::ResetMaterialList();
-        materiallist::ResetNestOptions();
         views::ResetApplication();
     }
 
@@ -194,7 +190,7 @@ class FaultsTest : public ::testing::Test {
         try {
             save();
             return {};
-        } catch (const platform::FileError& failure) {
+        } catch (const errors::FileError& failure) {
             return failure.what();
         }
     }
@@ -203,21 +199,13 @@ class FaultsTest : public ::testing::Test {
     test::ScriptedScreen screen;
     const std::vector<Work> works = {
         {"processes", true, [] { return Saved(process::WriteProcessFile); }},
-        {"material types", true,
-         [] {
-             std::string reason;
-             materialtypes::WriteMaterialTypes(&reason);
-             return reason;
-         }},
+        {"material types", true, [] { return Saved(materialtypes::WriteMaterialTypes); }},
         {"material list", true,
          [] {
              return Saved([] { materiallist::WriteMaterialList(materiallist::kSystemDefaults); });
          }},
         {"options", false,
-         [] {
-             materiallist::WriteNestOptions(app::TheConfig().UserDir());
-             return std::string();
-         }},
+         [] { return Saved([] { materiallist::WriteNestOptions(app::TheConfig().UserDir()); }); }},
         {"start and end", false, [this] { return Run([](app::SysMan&) {}); }},
         {"create", false,
          [this] {

@@ -4,12 +4,13 @@
 #include <gtest/gtest.h>
 
 #include "app/system_config.h"
+#include "errors/errors.h"
 #include "materiallist/material_list_table.h"
 #include "materialtypes/material_type_table.h"
-#include "platform/errors.h"
 #include "process/process_table.h"
 #include "tests/support/scripted_screen.h"
 #include "tests/support/temp_drives.h"
+#include "text/strings.h"
 
 namespace {
 
@@ -39,12 +40,7 @@ class Loader : public ::testing::Test {
     }
     ~Loader() override { Reset(); }
 
-    static void Reset() {
-        process::ResetProcesses();
-        materialtypes::ResetMaterialTypes();
-        materiallist::ResetMaterialList();
-        materiallist::MaterialListDirPath = kJob;
-    }
+    static void Reset() { materiallist::Shared().MaterialListDirPath = kJob; }
     // How many processes, types and entries are loaded.
     static std::string Counts() {
         return std::to_string(TheProcesses().ProcessCount) + " " +
@@ -92,7 +88,7 @@ TEST_F(Loader, AMissingFileEndsTheLoadWithTwoMessages) {
         const std::string bytes = drives.Read(kSystem + name);
         std::filesystem::remove(drives.Path(kSystem + name));
         TheMaterialList().EntryCount = TheProcesses().ProcessCount = TheMaterialTypes().Count = 9;
-        materiallist::MaterialListSource = 1;
+        materiallist::Shared().MaterialListSource = materiallist::kSystemDefaults;
         EXPECT_FALSE(app::LoadForMaterialList());
         EXPECT_EQ(Counts(), counts);
         Log expected = Warning("File c:\\tolvarin\\system\\" + name + " is not found");
@@ -111,15 +107,22 @@ TEST_F(Loader, OverCapacityIsFatal) {
     const auto failure = []() -> std::string {
         try {
             app::LoadForMaterialList();
-        } catch (const platform::FatalError& error) {
+        } catch (const errors::FatalError& error) {
             return error.what();
         }
         return {};
     };
     // A job's own list.
-    materiallist::MaterialListSource = 3;
+    materiallist::Shared().MaterialListSource = materiallist::kExistingDirectory;
     EXPECT_EQ(failure(), "");
     EXPECT_EQ(TheMaterialList().Entry(1).MaterialType.View().substr(0, 3), "SS ");
+    std::string list;
+    for (int i = 1; i <= 200; ++i) list += "[Mat" + std::to_string(i) + "]\r\nType=MS\r\n";
+    drives.Write(kJob + "\\material.dat", list);
+    EXPECT_FALSE(app::LoadSystemTables());
+    EXPECT_EQ(screen.TakeLog(),
+              Warning("File " + text::LowerCase(kJob) + "\\material.dat is Too big"));
+    materiallist::Shared().MaterialListSource = materiallist::kSystemDefaults;
     std::string processes = "[Processes]\r\n", types = "[Materials]\r\n";
     const auto add = [](std::string& file, const char* key, int n) {
         file += key + std::to_string(n) + "=N" + std::to_string(n) + "\r\n";

@@ -15,7 +15,7 @@
 
 namespace {
 
-using app::DataKind;
+using directories::DataKind;
 using directories::FrmBackup;
 using test::Keyboard;
 using test::kTitle;

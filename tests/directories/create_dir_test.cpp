@@ -6,8 +6,8 @@
 
 namespace {
 
-using app::DataKind;
 using directories::CreateDir;
+using directories::DataKind;
 using test::Keyboard;
 using test::kTitle;
 using test::Log;
@@ -52,7 +52,7 @@ TEST_F(CreatingDirectories, AProductionDirectoryHasItsFoldersAndTheDefaultList) 
     EXPECT_EQ(main.lstDirectory.Items(), (Log{"a1", "job 1.b"}));
     EXPECT_EQ(main.lstDirectory.SelectedText(), "job 1.b");
     EXPECT_TRUE(main.cmdDelete.Enabled() && main.cmdPrint.Enabled() && main.cmdMaterial.Enabled());
-    EXPECT_TRUE(materiallist::DirectoryCreated);
+    EXPECT_TRUE(materiallist::Shared().DirectoryCreated);
     EXPECT_EQ(screen.TakeLog(), Log{});
 }
 
@@ -62,7 +62,7 @@ TEST_F(CreatingDirectories, OnAnotherDriveTheListStillComesFromTheHomeDrive) {
     EXPECT_EQ(drives.Count("d:\\tolvarin\\USER\\DESIGN\\PLATES"), 1);
     EXPECT_EQ(drives.Count("d:\\tolvarin\\USER\\DESIGN\\PLATES\\GEOMETRY"), 0);
     EXPECT_EQ(main.lstDirectory.SelectedText(), "plates");
-    EXPECT_FALSE(main.cmdMaterial.Enabled() || materiallist::DirectoryCreated);
+    EXPECT_FALSE(main.cmdMaterial.Enabled() || materiallist::Shared().DirectoryCreated);
     Prepare(DataKind::kProduction, "", "d:");
     Enter("M\xDCLL");
     EXPECT_EQ(drives.Read("d:\\tolvarin\\USER\\PROD\\M\xDCLL\\MATERIAL.DAT"), "; default\r\n");
@@ -88,7 +88,7 @@ TEST_F(CreatingDirectories, InvalidNamesAreRefusedWithABeep) {
     }
     Enter("   ", [](CreateDir& window) { EXPECT_TRUE(window.IsOpen()); });
     EXPECT_EQ(drives.Count(kProduction), 0);
-    EXPECT_FALSE(materiallist::DirectoryCreated);
+    EXPECT_FALSE(materiallist::Shared().DirectoryCreated);
 
     const std::string longest(50, 'x');
     Enter(" " + longest + " ");
@@ -119,16 +119,16 @@ TEST_F(CreatingDirectories, WhatIsThereIsLeftAndNamesTheSystemRefusesCountAsTher
 
 TEST_F(CreatingDirectories, CancelOrItsKeyClearsTheFlagEvenAfterARefusedName) {
     Prepare(DataKind::kProduction);
-    materiallist::DirectoryCreated = true;
+    materiallist::Shared().DirectoryCreated = true;
     Enter("a*b", [](CreateDir& window) { window.cmdCancel.Press(); });
-    EXPECT_FALSE(materiallist::DirectoryCreated);
-    materiallist::DirectoryCreated = true;
+    EXPECT_FALSE(materiallist::Shared().DirectoryCreated);
+    materiallist::Shared().DirectoryCreated = true;
     Open<CreateDir>([](CreateDir& window, Keyboard& keyboard) {
         keyboard.Type("job1");
         keyboard.Press(views::kKeyEscape);
         EXPECT_FALSE(window.IsOpen());
     });
-    EXPECT_FALSE(materiallist::DirectoryCreated);
+    EXPECT_FALSE(materiallist::Shared().DirectoryCreated);
     EXPECT_EQ(drives.Count(kProduction), 0);
     screen.TakeLog();
 }
@@ -142,7 +142,7 @@ TEST_F(CreatingDirectories, AMissingDefaultListEndsTheRunAfterTheFoldersAreMade)
     EXPECT_EQ(log[0].rfind(kTitle + "|c:\\tolvarin\\SYSTEM\\MATERIAL.DAT: ", 0), 0u) << log[0];
     EXPECT_EQ(views::ExitStatus(), 1);
     EXPECT_EQ(drives.Count(kProduction + "JOB1"), 4);
-    EXPECT_FALSE(materiallist::DirectoryCreated);
+    EXPECT_FALSE(materiallist::Shared().DirectoryCreated);
 }
 
 }  // namespace

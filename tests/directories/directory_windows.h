@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "app/sys_man.h"
@@ -27,20 +29,19 @@ class DirectoryWindows : public ::testing::Test {
         app::TheConfig() = {};
         app::TheConfig().NestRootDir = "\\tolvarin";
         app::TheConfig().NestHomeDrive = "c:";
-        materiallist::ResetMaterialList();
         for (const char* drive : {"c:", "d:"}) {
             drives.MakeDir(std::string(drive) + "\\tolvarin\\USER\\DESIGN");
             drives.MakeDir(std::string(drive) + "\\tolvarin\\USER\\PROD");
         }
         drives.MakeDir("c:\\tolvarin\\SYSTEM");
     }
-    ~DirectoryWindows() override { materiallist::ResetMaterialList(); }
 
     // The main window behind, as the operator has left it: kind, drive and selected directory.
-    void Prepare(app::DataKind kind, const std::string& selected = "",
+    void Prepare(directories::DataKind kind, const std::string& selected = "",
                  const std::string& drive = "c:") {
         main.drvList.SetDrive(drive);
-        (kind == app::DataKind::kDesign ? main.optDesign : main.optProduction).SetValue(true);
+        (kind == directories::DataKind::kDesign ? main.optDesign : main.optProduction)
+            .SetValue(true);
         for (int i = 0; i < main.lstDirectory.Count(); ++i) {
             if (main.lstDirectory.Items()[static_cast<std::size_t>(i)] == selected) {
                 main.lstDirectory.SetListIndex(i);
@@ -51,7 +52,14 @@ class DirectoryWindows : public ::testing::Test {
     // Opens the window and does the steps in it.
     template <class Window>
     void Open(const std::function<void(Window&, Keyboard&)>& steps) {
-        Window window(main);
+        std::unique_ptr<Window> made;
+        if constexpr (std::is_constructible_v<Window, directories::Listed>) {
+            made = std::make_unique<Window>(main.Listed());
+        } else {
+            made = std::make_unique<Window>(
+                main.Area(), [this](const std::string& name) { main.DirectoryMade(name); });
+        }
+        Window& window = *made;
         screen.windows.push_back([&](views::Form&) {
             Keyboard keyboard(window);
             steps(window, keyboard);

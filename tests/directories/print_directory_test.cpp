@@ -9,7 +9,7 @@
 #include <unistd.h>
 #endif
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "tests/directories/directory_windows.h"
 #include "tests/support/environment.h"
 #include "views/view_procedures.h"
@@ -17,7 +17,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-using app::DataKind;
+using directories::DataKind;
 using directories::FrmPrint;
 using test::Keyboard;
 using test::kTitle;
@@ -40,7 +40,7 @@ class Printer : public views::Printer {
   protected:
     void Send(const Pages& pages) override {
         busySeen = *busy;
-        if (!failure.empty()) throw platform::FatalError(failure);
+        if (!failure.empty()) throw errors::FatalError(failure);
         documents.push_back(pages);
     }
 

@@ -23,14 +23,8 @@ class GridWindows : public ::testing::Test {
         app::TheConfig() = {};
         app::TheConfig().NestHomeDrive = "c:";
         app::TheConfig().NestRootDir = "\\tolvarin";
-        materialtypes::ResetMaterialTypes();
-        process::ResetProcesses();
     }
-    ~GridWindows() override {
-        materialtypes::ResetMaterialTypes();
-        process::ResetProcesses();
-        app::TheConfig() = {};
-    }
+    ~GridWindows() override { app::TheConfig() = {}; }
 
     static wxGrid* Real(const views::Grid& grid) {
         return dynamic_cast<wxGrid*>(test::RealOf(grid));
@@ -178,7 +172,7 @@ TEST_F(GridWindows, APasteByMouseIsSaved) {
         test::ClickCell(form.grdMaterialTypes, 1, 2);
         auto* box = dynamic_cast<wxTextCtrl*>(test::RealOf(form.txtEditData));
         test::Click(form.txtEditData);
-        EXPECT_FALSE(materialtypes::MaterialTypesChanged);
+        EXPECT_FALSE(materialtypes::Shared().MaterialTypesChanged);
         box->SelectAll();
         box->WriteText("8.03");
         EXPECT_TRUE(test::Until([&] { return form.grdMaterialTypes.Text(1, 2) == "8.03"; }));
@@ -189,7 +183,7 @@ TEST_F(GridWindows, APasteByMouseIsSaved) {
 
 TEST_F(GridWindows, ThicknessesAreAddedEditedAndDeleted) {
     auto& table = process::TheProcesses();
-    table.ProcessCount = process::CurrentProcess = 1;
+    table.ProcessCount = process::Shared().CurrentProcess = 1;
     auto& plasma = table.Process(1);
     plasma.Name = "Plasma";
     plasma.ThicknessCount = 2;
@@ -229,7 +223,7 @@ TEST_F(GridWindows, ThicknessesAreAddedEditedAndDeleted) {
         test::Click(form.cmdThkClose);
         EXPECT_TRUE(test::Until([&] { return !form.IsOpen(); }));
     });
-    EXPECT_TRUE(process::ProcessChanged);
+    EXPECT_TRUE(process::Shared().ProcessChanged);
     ASSERT_EQ(plasma.ThicknessCount, 2);
     EXPECT_EQ(plasma.Row(1), (process::ThicknessRow{5, 2.5f, 1200, .5f, 0}));
     EXPECT_EQ(plasma.Row(2), (process::ThicknessRow{10, 1, 1, 1, 1}));

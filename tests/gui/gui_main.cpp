@@ -2,11 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/test_locale.h"
-#include "views/wx/application.h"
+#include "views/wx/toolkit.h"
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    return views::mirror::RunWithToolkit(argc, argv, [&] {
+    return views::wx::RunWithToolkit(argc, argv, [&] {
         // Only now: the toolkit sets the locale when it starts.
         return test::UseLocaleFromArguments(argc, argv) ? RUN_ALL_TESTS() : 1;
     });

@@ -30,9 +30,10 @@ std::string Utf8(std::u32string_view characters) {
 class AtTheKeyboard : public ::testing::Test {
   protected:
     AtTheKeyboard() {
-        files.Load(3, test::ListFile({{"MS", "PLASMA", "10"}, {"SS", "Oxy Fuel", "12.5"}}));
+        files.Load(materiallist::kExistingDirectory,
+                   test::ListFile({{"MS", "PLASMA", "10"}, {"SS", "Oxy Fuel", "12.5"}}));
         auto& table = process::TheProcesses();
-        table.ProcessCount = process::CurrentProcess = 1;
+        table.ProcessCount = process::Shared().CurrentProcess = 1;
         table.Process(1).Name = "Plasma";
         table.Process(1).ThicknessCount = 2;
         table.Process(1).Row(1) = {2, 1, 1, 1, 1};
@@ -109,7 +110,7 @@ TEST_F(AtTheKeyboard, TheNumberBoxOfTheThicknesses) {
 TEST_F(AtTheKeyboard, ACellOfTheMaterialList) {
     materiallist::FrmEditMaterialList form;
     TypeAllIntoCell(form, form.grdMaterialList,
-                    [](char c) { return views::IsPrintableChar({&c, 1}); });
+                    [](char c) { return text::IsPrintableChar({&c, 1}); });
 }
 
 TEST_F(AtTheKeyboard, TheTypesOfTheMaterialList) {
@@ -138,7 +139,7 @@ TEST_F(AtTheKeyboard, TheNameOfANewProcess) {
 
 TEST_F(AtTheKeyboard, TheNameOfANewDirectory) {
     app::SysMan main;
-    directories::CreateDir form(main);
+    directories::CreateDir form(main.Area(), [](const std::string&) {});
     TypeAllInto(form, form.txtDirName);
 }
 

@@ -17,7 +17,7 @@ class MaterialListInAWindow : public ::testing::Test {
   protected:
     // Opens the list of the directory, does this in it, closes it with Alt+C and saves it.
     void EditAndSave(const std::function<void()>& steps) {
-        files.Load(3, kTwo);
+        files.Load(materiallist::kExistingDirectory, kTwo);
         test::WorkIn(window, [&] {
             steps();
             test::AnswerNextBox(true);
@@ -65,7 +65,7 @@ TEST_F(MaterialListInAWindow, AProcessIsChangedInPlace) {
 TEST_F(MaterialListInAWindow, ACodeIsPickedFromTheList) {
     EditAndSave([&] {
         test::Click(window.cboEditDataType);
-        EXPECT_FALSE(materiallist::MaterialListChanged);
+        EXPECT_FALSE(materiallist::Shared().MaterialListChanged);
         test::Key(WXK_DOWN);  // to the first entry or, by platform, the one behind the text
         if (window.cboEditDataType.Text() == "MS") test::Key(WXK_DOWN);
         EXPECT_TRUE(test::Until([&] { return window.cboEditDataType.Text() == "Ss316"; }));

@@ -26,6 +26,7 @@
 #include "tests/gui/keyboard.h"
 #include "tests/gui/person.h"
 #include "tests/materiallist/material_list_fixture.h"
+#include "text/clean_text.h"
 #include "views/application.h"
 
 namespace {
@@ -175,7 +176,8 @@ void ExpectSameNumber(double shown, double kept) {
 class WithoutAPlan : public ::testing::Test {
   protected:
     WithoutAPlan() {
-        files.Load(3, test::ListFile({{"MS", "PLASMA", "10"}, {"SS", "Oxy Fuel", "12.5"}}));
+        files.Load(materiallist::kExistingDirectory,
+                   test::ListFile({{"MS", "PLASMA", "10"}, {"SS", "Oxy Fuel", "12.5"}}));
     }
     void Work(views::Form& form, const views::Control& close) {
         const unsigned seed = Setting("SYSMAN_SEED", 1), steps = Setting("SYSMAN_STEPS", 120);
@@ -196,14 +198,14 @@ TEST_F(WithoutAPlan, InTheMaterialTypes) {
     for (std::size_t row = 0; row < before.size(); ++row) {
         std::string description = before[row][1].substr(0, 50);
         EXPECT_EQ(before[row][0], after[row][0]);
-        EXPECT_EQ(views::CleanText(description), after[row][1]);
+        EXPECT_EQ(text::CleanText(description), after[row][1]);
         ExpectSameNumber(text::Val(before[row][2]), text::Val(after[row][2]));
     }
 }
 
 TEST_F(WithoutAPlan, InTheThicknesses) {
     auto& table = process::TheProcesses();
-    table.ProcessCount = process::CurrentProcess = 1;
+    table.ProcessCount = process::Shared().CurrentProcess = 1;
     table.Process(1).Name = "Plasma";
     process::InitProcessRecord(1, 0);
     process::FrmThicknessData form;

@@ -49,8 +49,8 @@ bool ListIsOpen() {
 
 constexpr long kPatience = 20000;  // milliseconds
 
-views::mirror::WxScreen& TheRealScreen() {
-    return dynamic_cast<views::mirror::WxScreen&>(views::TheScreen());
+views::wx::WxScreen& TheRealScreen() {
+    return dynamic_cast<views::wx::WxScreen&>(views::TheScreen());
 }
 
 // Input goes through the display server and back; a moment without any event tells that it came.

@@ -22,7 +22,7 @@
 #include "app/sys_man.h"
 #include "app/system_config.h"
 #include "directories/print_directory.h"
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "tests/gui/person.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_drives.h"
@@ -52,12 +52,12 @@ class Printing : public ::testing::Test {
         try {
             printer.EndDocument();
             return "printed";
-        } catch (const platform::FatalError& failure) {
+        } catch (const errors::FatalError& failure) {
             return failure.what();
         }
     }
     test::TempDrives drives;
-    views::mirror::WxPrinter printer;
+    views::wx::WxPrinter printer;
 
   private:
     views::Printer* before_;
@@ -80,7 +80,7 @@ TEST_F(Printing, WithoutAPrintServerTheReasonIsSaidAndTheRunEnds) {
     drives.MakeDir("c:\\tolvarin\\USER\\DESIGN\\PLATES");
     app::SysMan main;
     main.optDesign.SetValue(true);
-    directories::FrmPrint form(main);
+    directories::FrmPrint form(main.Listed());
     views::Guard([&] {
         test::WorkIn(form, [&] {
             test::AnswerNextBox(true);
@@ -215,7 +215,7 @@ TEST_F(OnPaper, EveryDirectoryBeginsASheetAndTheColumnsStand) {
 
     app::SysMan main;
     main.optProduction.SetValue(true);
-    directories::FrmPrint form(main);
+    directories::FrmPrint form(main.Listed());
     test::WorkIn(form, [&] {
         for (const auto* box : {&form.chkComp, &form.chkGroups, &form.chkNest}) test::Click(*box);
         test::Click(form.cmdOK);
@@ -281,7 +281,7 @@ TEST_F(OnPaper, WhatIsSetUpHoldsForTheRestOfTheRun) {
     app::SysMan main;
     main.optDesign.SetValue(true);
     const auto widthPrinted = [&](bool setUp) {
-        directories::FrmPrint form(main);
+        directories::FrmPrint form(main.Listed());
         test::WorkIn(form, [&] {
             if (setUp) {
                 ChooseLetter choice;

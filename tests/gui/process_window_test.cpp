@@ -31,7 +31,6 @@ void ClickIn(wxDialog& dialog, const char* name) {
 class RealProcessWindows : public ::testing::Test {
   protected:
     RealProcessWindows() {
-        ResetProcesses();
         app::TheConfig().NestHomeDrive = "c:";
         app::TheConfig().NestRootDir = "\\tolvarin";
         drives.Write(kFile, kBefore);
@@ -103,7 +102,7 @@ TEST_F(RealProcessWindows, ByMouse) {
         test::Type("2500");
         test::Click(window.optLeadIn[1]);
         EXPECT_EQ(window.txtRapid.Text(), "2500");
-        EXPECT_TRUE(ProcessChanged);
+        EXPECT_TRUE(Shared().ProcessChanged);
         test::Click(window.chkLeadInExtension);
         test::Click(window.optLeadOut[0]);
         test::Click(window.txtLeadOutAngle);
@@ -143,11 +142,11 @@ TEST_F(RealProcessWindows, LookingAtEveryProcessAsksNothing) {
         // The arrow opens the list or moves in it, by platform.
         for (const int number : {2, 3}) {
             test::Key(WXK_DOWN);
-            if (CurrentProcess != number) {
+            if (Shared().CurrentProcess != number) {
                 test::Key(WXK_DOWN);
                 test::Key(WXK_RETURN);
             }
-            EXPECT_TRUE(test::Until([&] { return CurrentProcess == number; }));
+            EXPECT_TRUE(test::Until([&] { return Shared().CurrentProcess == number; }));
         }
         EXPECT_TRUE(test::RealOf(window.txtLeadOutAngle)->IsEnabled());
         EXPECT_FALSE(test::RealOf(window.txtLeadInAngle)->IsEnabled());

@@ -4,8 +4,7 @@
 namespace {
 
 using materiallist::FrmEditMaterialList;
-using materiallist::MaterialListChanged;
-using materiallist::NestOptionsChanged;
+using materiallist::Shared;
 using materiallist::TheMaterialList;
 using test::kSaveQuestion;
 using test::kThree;
@@ -46,7 +45,7 @@ TEST_F(MaterialListCommands, PasteAppendsWhatWasCopied) {
     EditAndDrop(3, kThree, [](FrmEditMaterialList& window, auto&) {
         window.grdMaterialList.DoubleClickCell(2, 2);
         window.cmdCopy.Press();
-        EXPECT_FALSE(MaterialListChanged);
+        EXPECT_FALSE(Shared().MaterialListChanged);
         EXPECT_EQ(Enabled(window), "ACPD");
         window.grdMaterialList.ClickCell(1, 3);
         window.cmdPaste.Press();
@@ -96,7 +95,7 @@ TEST_F(MaterialListCommands, DeleteAsksAndNumbersAnew) {
         grid.DoubleClickCell(5, 2);
         window.cmdDelete.Press();  // No
         EXPECT_EQ(TheMaterialList().EntryCount, 5);
-        EXPECT_FALSE(MaterialListChanged);
+        EXPECT_FALSE(Shared().MaterialListChanged);
         EXPECT_EQ(Enabled(window), "AD");  // Copy went off with the question
         EXPECT_FALSE(grid.Highlight());
         window.cmdDelete.Press();
@@ -224,7 +223,7 @@ TEST_F(MaterialListCommands, AListThatCannotBeWrittenStaysOpenAndIntact) {
         EXPECT_TRUE(log[1].ends_with("|OK|exclamation"));
         EXPECT_EQ(files.drives.Read(files.path), kThree);
         EXPECT_EQ(TheMaterialList().EntryCount, 4);
-        EXPECT_TRUE(MaterialListChanged && NestOptionsChanged);
+        EXPECT_TRUE(Shared().MaterialListChanged && Shared().NestOptionsChanged);
         files.drives.SetReadOnly(files.path, false);
     });
     EXPECT_EQ(screen.TakeLog(), Log{kSaveQuestion});
@@ -242,11 +241,11 @@ TEST_F(MaterialListCommands, OptionsAreSavedByThemselves) {
         EXPECT_FALSE(window.chkPrePierceEnabled.Value());
         EXPECT_EQ(window.txtMinPlateThickness.Text(), "0.5");
         EXPECT_FALSE(window.txtMinPlateThickness.Enabled());
-        EXPECT_FALSE(NestOptionsChanged);
+        EXPECT_FALSE(Shared().NestOptionsChanged);
     });
     EditAndDrop(1, kThree, [](FrmEditMaterialList& window, auto&) {
         window.chkNestClearanceCheck.Toggle();
-        EXPECT_TRUE(NestOptionsChanged);
+        EXPECT_TRUE(Shared().NestOptionsChanged);
     });
     EXPECT_EQ(files.drives.Read(test::kUserProfile), profile);
     const std::string odd = kThree + "; not as it is written\r\n";

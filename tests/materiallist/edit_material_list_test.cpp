@@ -5,7 +5,7 @@
 namespace {
 
 using materiallist::FrmEditMaterialList;
-using materiallist::MaterialListChanged;
+using materiallist::Shared;
 using views::Answer;
 using Log = std::vector<std::string>;
 
@@ -49,7 +49,7 @@ TEST_F(EditMaterialList, OpeningPullsThicknessesIntoTheRangesOfTheirProcesses) {
              EXPECT_EQ(Row(window, 3), "3|MS|WATER|0");
              EXPECT_EQ(Row(window, 4), "4|MS|PLAS|30");
              EXPECT_EQ(Row(window, 5), "5|MS|PLASMA|0.25");
-             EXPECT_FALSE(MaterialListChanged);
+             EXPECT_FALSE(Shared().MaterialListChanged);
          });
     EXPECT_EQ(screen.TakeLog(), Log{});
 }
@@ -98,7 +98,7 @@ TEST_F(EditMaterialList, BeingInTheProcessIsAChangeBeingInTheTypeIsNot) {
     Edit(3, kThree, [](FrmEditMaterialList& window, auto&) {
         window.cboEditDataType.SetFocus();
         EXPECT_EQ(window.cboEditDataType.SelLength(), 2u);
-        EXPECT_EQ(window.EditState, 1);
+        EXPECT_EQ(window.editor.EditState, 1);
         window.cmdClose.Press();
         EXPECT_FALSE(window.IsOpen());
     });
@@ -148,16 +148,16 @@ TEST_F(EditMaterialList, AnotherProcessLimitsTheThickness) {
         EXPECT_EQ(window.cboEditDataProcess.Text(), "gone");
         EXPECT_EQ(Row(window, 3), "3|XX|gone|7");  // moving on has touched nothing there
         keyboard.Press(views::kKeyUp);
-        EXPECT_EQ(process::CurrentProcess, 1);  // "gone" became the first process
+        EXPECT_EQ(process::Shared().CurrentProcess, 1);  // "gone" became the first process
         EXPECT_EQ(Row(window, 3), "3|XX|PLASMA|7");
         EXPECT_EQ(Cell(window), "2,2");
         keyboard.Press(views::kKeyUp);
-        EXPECT_EQ(process::CurrentProcess, 3);
+        EXPECT_EQ(process::Shared().CurrentProcess, 3);
     });
     Edit(3, kThree, [](FrmEditMaterialList& window, test::Keyboard& keyboard) {
         window.grdMaterialList.ClickCell(3, 3);
         keyboard.Press(views::kKeyUp);
-        EXPECT_EQ(process::CurrentProcess, 4);  // none of that name: their count + 1
+        EXPECT_EQ(process::Shared().CurrentProcess, 4);  // none of that name: their count + 1
         EXPECT_EQ(Row(window, 3), "3|XX|gone|7");
     });
 }
@@ -179,7 +179,7 @@ TEST_F(EditMaterialList, PickingFromTheListsGoesStraightIntoTheTable) {
     Edit(3, kThree, [](FrmEditMaterialList& window, auto&) {
         EXPECT_EQ(window.cboEditDataType.Items(), (Log{"MS", "Ss316", "SS", "Wear 400"}));
         window.cboEditDataType.Choose(2);
-        EXPECT_TRUE(MaterialListChanged);
+        EXPECT_TRUE(Shared().MaterialListChanged);
         window.grdMaterialList.ClickCell(1, 2);
         EXPECT_EQ(Row(window, 1),
                   "1|Ss316|PLASMA|10");  // leaving it takes the first that begins so
@@ -202,7 +202,7 @@ TEST_F(EditMaterialList, NoEditIsLostHoweverTheWindowIsClosed) {
         Edit(3, kThree, [&](FrmEditMaterialList& window, test::Keyboard& keyboard) {
             window.cboEditDataType.SetFocus();
             window.cboEditDataType.Edited("wea", 3);
-            EXPECT_TRUE(MaterialListChanged);
+            EXPECT_TRUE(Shared().MaterialListChanged);
             if (way == 0) window.cmdClose.Press();
             if (way == 1) keyboard.Press('C', views::kAlt);
             if (way == 2) keyboard.Press(views::kKeyEscape);
@@ -229,7 +229,7 @@ TEST_F(EditMaterialList, ATypedThicknessIsLimitedWhenTheCellIsLeft) {
         window.grdMaterialList.ClickCell(1, 3);
         EXPECT_EQ(Editors(window), "XS");
         window.txtSpinText.SetFocus();
-        EXPECT_FALSE(MaterialListChanged);
+        EXPECT_FALSE(Shared().MaterialListChanged);
         keyboard.Type("30");
         EXPECT_EQ(test::EntryText(1), "MS|PLASMA|30");
         window.spinButton.onGotFocus = [] { ADD_FAILURE() << "the focus goes to the grid"; };
@@ -238,7 +238,7 @@ TEST_F(EditMaterialList, ATypedThicknessIsLimitedWhenTheCellIsLeft) {
         EXPECT_EQ(Row(window, 1), "1|MS|PLASMA|25");
         EXPECT_EQ(Editors(window), "P");
         EXPECT_TRUE(window.grdMaterialList.HasFocus());
-        EXPECT_EQ(window.EditState, 2);
+        EXPECT_EQ(window.editor.EditState, 2);
 
         window.grdMaterialList.ClickCell(2, 3);
         window.txtSpinText.SetFocus();
@@ -275,7 +275,7 @@ TEST_F(EditMaterialList, TheArrowsStepWithinTheRange) {
                     window.grdMaterialList.ClickCell(1, 3);
                     window.spinButton.Up();
                     EXPECT_EQ(Row(window, 1), "1|MS|PLASMA|24.5");
-                    EXPECT_TRUE(MaterialListChanged);
+                    EXPECT_TRUE(Shared().MaterialListChanged);
                     window.spinButton.Up();
                     EXPECT_EQ(window.txtSpinText.Text(), "25");
                     EXPECT_EQ(window.txtSpinText.SelLength(), 2u);
@@ -308,7 +308,7 @@ TEST_F(EditMaterialList, KeysInTheGridCommitAndStep) {
         EXPECT_EQ(press(kKeyUp, kCtrl), "1,2");
         EXPECT_EQ(press(kKeyUp), "1,2");
         EXPECT_TRUE(window.grdMaterialList.HasFocus());
-        EXPECT_FALSE(MaterialListChanged);  // moving about is no change
+        EXPECT_FALSE(Shared().MaterialListChanged);  // moving about is no change
     });
 }
 
@@ -368,7 +368,7 @@ TEST_F(EditMaterialList, AddAppendsTheFirstOfEverything) {
         keyboard.Press(views::kKeyRight);
         window.grdMaterialList.DoubleClickCell(1, 1);
         EXPECT_EQ(Row(window, 1), "|||");
-        EXPECT_FALSE(MaterialListChanged);
+        EXPECT_FALSE(Shared().MaterialListChanged);
         EXPECT_EQ(Enabled(window), "A");
         window.cmdAdd.Press();
         window.cmdAdd.Press();
@@ -387,7 +387,7 @@ TEST_F(EditMaterialList, WithoutTypesAndProcessesEntriesStayAsTheyAre) {
     EditAndDrop(3, kThree, [](FrmEditMaterialList& window, test::Keyboard& keyboard) {
         for (int key : {views::kKeyTab, views::kKeyTab, views::kKeyTab}) keyboard.Press(key);
         EXPECT_EQ(Row(window, 1), "1|MS|PLASMA|10");
-        EXPECT_EQ(process::CurrentProcess, 1);
+        EXPECT_EQ(process::Shared().CurrentProcess, 1);
         window.cmdAdd.Press();
         EXPECT_EQ(Row(window, 4), "4|||0");
     });

@@ -11,11 +11,14 @@ using materiallist::FrmEnterThickness;
 
 class EnterThickness : public ::testing::Test {
   protected:
-    void SetUp() override { files.Load(2, test::ListFile({{"MS", "WATER", ""}, {"SS", "?", ""}})); }
+    void SetUp() override {
+        files.Load(materiallist::kNewDirectory,
+                   test::ListFile({{"MS", "WATER", ""}, {"SS", "?", ""}}));
+    }
     // Shows the prompt for a directory with a person who does this in it.
     void Prompt(const std::string& directory,
                 const std::function<void(FrmEnterThickness&, test::Keyboard&)>& steps) {
-        materiallist::MaterialListDirPath = directory;
+        materiallist::Shared().MaterialListDirPath = directory;
         FrmEnterThickness prompt;
         screen.windows.push_back([&](views::Form& form) {
             test::Keyboard keyboard(form);
@@ -54,7 +57,7 @@ TEST_F(EnterThickness, EnterSetsEveryEntry) {
     });
     EXPECT_EQ(test::EntryText(1), "MS|WATER|10");
     EXPECT_EQ(test::EntryText(2), "SS|?|10");
-    EXPECT_TRUE(materiallist::MaterialListChanged);
+    EXPECT_TRUE(materiallist::Shared().MaterialListChanged);
     Prompt("c:\\P10", [](FrmEnterThickness& prompt, test::Keyboard& keyboard) {
         keyboard.Type("6.5mm");  // replaces the proposal
         prompt.cmdOk.Press();
@@ -63,9 +66,9 @@ TEST_F(EnterThickness, EnterSetsEveryEntry) {
 }
 
 TEST_F(EnterThickness, AnEmptyListIsMarkedAsChangedAllTheSame) {
-    files.Load(2, test::kListHeader);
+    files.Load(materiallist::kNewDirectory, test::kListHeader);
     Prompt("c:\\P10", [](auto&, test::Keyboard& keyboard) { keyboard.Press(views::kKeyEnter); });
-    EXPECT_TRUE(materiallist::MaterialListChanged);
+    EXPECT_TRUE(materiallist::Shared().MaterialListChanged);
 }
 
 TEST_F(EnterThickness, OnlyAThicknessAboveZeroIsTaken) {
@@ -80,7 +83,7 @@ TEST_F(EnterThickness, OnlyAThicknessAboveZeroIsTaken) {
             EXPECT_EQ(screen.TakeLog(), std::vector{refusal}) << typed;
         });
     }
-    EXPECT_FALSE(materiallist::MaterialListChanged);
+    EXPECT_FALSE(materiallist::Shared().MaterialListChanged);
 }
 
 TEST_F(EnterThickness, ClosedAnotherWayItChangesNothing) {
@@ -90,7 +93,7 @@ TEST_F(EnterThickness, ClosedAnotherWayItChangesNothing) {
     });
     Prompt("c:\\P10", [](FrmEnterThickness& prompt, auto&) { prompt.RequestClose(); });
     EXPECT_EQ(test::EntryText(1), "MS|WATER|0");
-    EXPECT_FALSE(materiallist::MaterialListChanged);
+    EXPECT_FALSE(materiallist::Shared().MaterialListChanged);
 }
 
 }  // namespace

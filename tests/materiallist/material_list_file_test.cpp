@@ -4,9 +4,8 @@
 #include <random>
 
 #include "app/system_config.h"
+#include "errors/errors.h"
 #include "materiallist/material_list_table.h"
-#include "platform/errors.h"
-#include "tests/support/scripted_screen.h"
 #include "tests/support/source_files.h"
 #include "tests/support/temp_drives.h"
 
@@ -14,7 +13,6 @@ namespace materiallist {
 namespace {
 
 using namespace std::string_literals;
-using Log = std::vector<std::string>;
 
 const std::string kJob = "d:\\Tolvarin\\USER\\PROD\\Job 1";
 
@@ -24,20 +22,19 @@ class MaterialListFile : public ::testing::Test {
         app::TheConfig() = {};
         app::TheConfig().NestHomeDrive = "c:";
         app::TheConfig().NestRootDir = "\\Tolvarin";
-        ResetMaterialList();
-        MaterialListDirPath = kJob;
+        Shared() = {};
+        Shared().MaterialListDirPath = kJob;
         drives.MakeDir(kJob);
         drives.MakeDir("c:\\Tolvarin\\system");
     }
-    ~MaterialListFile() override { ResetMaterialList(); }
 
     bool Read(const std::string& bytes) {
         drives.Write(kJob + "\\material.dat", bytes);
-        return ReadMaterialList(kExistingDirectory);
+        return ReadMaterialList(kExistingDirectory) == profile::ReadResult::kRead;
     }
-    std::string Written(int source) {
+    std::string Written(ListSource source) {
         WriteMaterialList(source);
-        const std::string folder = source == 1 ? "c:\\Tolvarin\\system" : kJob;
+        const std::string folder = source == kSystemDefaults ? "c:\\Tolvarin\\system" : kJob;
         EXPECT_EQ(drives.Count(folder), 1);
         return drives.Read(folder + "\\material.dat");
     }
@@ -48,17 +45,16 @@ class MaterialListFile : public ::testing::Test {
         entry.ProcessName = process;
     }
     test::TempDrives drives;
-    test::ScriptedScreen screen;
     MaterialListTable& list = TheMaterialList();
 };
 
 TEST_F(MaterialListFile, WritesWhatTheNestingSystemReads) {
-    for (const int source : {1, 2, 3}) {
+    for (const ListSource source : {kSystemDefaults, kNewDirectory, kExistingDirectory}) {
         list.EntryCount = 0;
         EXPECT_EQ(Written(source), test::SourceFile("tests/materiallist/golden/empty.dat"));
         Add("MS", 10, "PLASMA");
         Add("SS", 12.5f, "OXY");
-        const std::string golden = source == 1 ? "system" : "directory";
+        const std::string golden = source == kSystemDefaults ? "system" : "directory";
         EXPECT_EQ(Written(source),
                   test::SourceFile("tests/materiallist/golden/" + golden + ".dat"));
     }
@@ -68,7 +64,7 @@ TEST_F(MaterialListFile, WritesWhatTheNestingSystemReads) {
     Add(" S ", -3, "P");
     Add("Stainless\0left"s, 1234567, "\tnot printable");
     Add("", 0, "  S\xE4gen");
-    EXPECT_EQ(Written(2), test::SourceFile("tests/materiallist/golden/every_kind.dat"));
+    EXPECT_EQ(Written(kNewDirectory), test::SourceFile("tests/materiallist/golden/every_kind.dat"));
     EXPECT_EQ(list.Entry(2).MaterialType.View(), "S" + std::string(31, ' '));
     EXPECT_EQ(list.Entry(4).ProcessName.View(), "S\xE4gen" + std::string(59, ' '));
 }
@@ -95,7 +91,6 @@ TEST_F(MaterialListFile, ReadsUpToTheFirstSectionWithoutAType) {
         EXPECT_TRUE(Read(none));
         EXPECT_EQ(list.EntryCount, 0);
     }
-    EXPECT_EQ(screen.TakeLog(), Log{});
 }
 
 std::string FullFile(int entries) {
@@ -114,29 +109,19 @@ TEST_F(MaterialListFile, TheLargestListHas199Entries) {
     ASSERT_TRUE(Read(FullFile(199)));
     EXPECT_EQ(list.EntryCount, 199);
     EXPECT_EQ(list.Entry(199).Thickness, 199.5f);
-    EXPECT_EQ(Written(3), FullFile(199));
-    EXPECT_EQ(screen.TakeLog(), Log{});
+    EXPECT_EQ(Written(kExistingDirectory), FullFile(199));
     for (const int tooMany : {200, 201}) {
         EXPECT_FALSE(Read(FullFile(tooMany)));
         EXPECT_EQ(list.EntryCount, 200);
         EXPECT_EQ(list.Entry(200).Thickness, 200.5f);
-        EXPECT_EQ(screen.TakeLog(),
-                  (Log{"beep", test::Box("Error in Loading",
-                                         "File d:\\tolvarin\\user\\prod\\job 1\\material.dat is "
-                                         "Too big",
-                                         "OK", "exclamation")}));
     }
-    EXPECT_THROW(list.Entry(0), platform::FatalError);
-    EXPECT_THROW(list.Entry(201), platform::FatalError);
+    EXPECT_THROW(list.Entry(0), errors::FatalError);
+    EXPECT_THROW(list.Entry(201), errors::FatalError);
 }
 
-TEST_F(MaterialListFile, AMissingFileIsToldByItsPathInLowerCase) {
+TEST_F(MaterialListFile, AMissingFileLeavesTheTable) {
     list.EntryCount = 3;
-    EXPECT_FALSE(ReadMaterialList(kSystemDefaults));
-    EXPECT_EQ(screen.TakeLog(),
-              (Log{"beep", test::Box("Error in Loading",
-                                     "File c:\\tolvarin\\system\\material.dat is not found", "OK",
-                                     "exclamation")}));
+    EXPECT_EQ(ReadMaterialList(kSystemDefaults), profile::ReadResult::kMissing);
     EXPECT_EQ(list.EntryCount, 3);
 }
 
@@ -145,11 +130,11 @@ TEST_F(MaterialListFile, WhatIsWrittenReadsBackTheSame) {
          {"tolvarin/USER/PROD/P10/MATERIAL.DAT", "tolvarin/USER/PROD/JOB4711/MATERIAL.DAT"}) {
         const std::string demo = test::SourceFile("demo/drives/c/" + file);
         ASSERT_TRUE(Read(demo));
-        EXPECT_EQ(Written(3), demo);
+        EXPECT_EQ(Written(kExistingDirectory), demo);
     }
     const std::string demo = test::SourceFile("demo/drives/c/tolvarin/system/material.dat");
     ASSERT_TRUE(Read(demo));
-    EXPECT_EQ(Written(1), demo);
+    EXPECT_EQ(Written(kSystemDefaults), demo);
 
     for (unsigned seed = 1; seed <= 40; ++seed) {
         std::mt19937 random(seed);
@@ -161,26 +146,19 @@ TEST_F(MaterialListFile, WhatIsWrittenReadsBackTheSame) {
             }
             return result;
         };
-        ResetMaterialList();
-        MaterialListDirPath = kJob;
+        Shared() = {};
+        Shared().MaterialListDirPath = kJob;
         for (auto count = random() % 200; count > 0; --count) {
             Add(text(32), static_cast<float>(random() % 1'000'000) / 1000, text(64));
         }
-        const std::string written = Written(2);
-        EXPECT_EQ(Written(2), written) << seed;
+        const std::string written = Written(kNewDirectory);
+        EXPECT_EQ(Written(kNewDirectory), written) << seed;
         const MaterialListTable before = list;
         list = {};
-        ASSERT_TRUE(ReadMaterialList(2));
+        ASSERT_EQ(ReadMaterialList(kNewDirectory), profile::ReadResult::kRead);
         ASSERT_EQ(list.EntryCount, before.EntryCount) << seed;
         ASSERT_TRUE(list.Entries == before.Entries) << seed;
     }
-}
-
-TEST_F(MaterialListFile, ThicknessesShowAsTheWindowDoes) {
-    EXPECT_EQ(ThicknessText(.5f), "0.5");
-    EXPECT_EQ(ThicknessText(12.5f), "12.5");
-    EXPECT_EQ(ThicknessText(-.5f), "0");
-    EXPECT_EQ(ThicknessText(0), "0");
 }
 
 }  // namespace

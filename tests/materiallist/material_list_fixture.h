@@ -14,6 +14,7 @@
 #include "materialtypes/material_type_table.h"
 #include "process/process_table.h"
 #include "tests/support/temp_drives.h"
+#include "text/clean_text.h"
 #include "text/numbers.h"
 #include "views/view_procedures.h"
 
@@ -37,10 +38,6 @@ inline std::string ListFile(const std::vector<std::vector<std::string>>& entries
 
 struct MaterialListFiles {
     MaterialListFiles() {
-        materiallist::ResetMaterialList();
-        materiallist::ResetNestOptions();
-        materialtypes::ResetMaterialTypes();
-        process::ResetProcesses();
         app::TheConfig() = {};
         app::TheConfig().NestRootDir = "\\tolvarin";
         app::TheConfig().NestHomeDrive = "c:";
@@ -58,10 +55,10 @@ struct MaterialListFiles {
     }
 
     // Loads the list of a source from a file with these bytes.
-    void Load(int source, const std::string& list) {
-        materiallist::MaterialListSource = source;
-        materiallist::MaterialListDirPath = kJob;
-        path = (source == 1 ? kSystem : kJob + "\\") + "material.dat";
+    void Load(materiallist::ListSource source, const std::string& list) {
+        materiallist::Shared().MaterialListSource = source;
+        materiallist::Shared().MaterialListDirPath = kJob;
+        path = (source == materiallist::kSystemDefaults ? kSystem : kJob + "\\") + "material.dat";
         drives.Write(path, list);
         ASSERT_TRUE(app::LoadForMaterialList());
     }
@@ -73,7 +70,7 @@ struct MaterialListFiles {
 // An entry of the table: "MS|PLASMA|10".
 inline std::string EntryText(int i) {
     auto& entry = materiallist::TheMaterialList().Entry(i);
-    return views::CleanText(entry.MaterialType) + "|" + views::CleanText(entry.ProcessName) + "|" +
+    return text::CleanText(entry.MaterialType) + "|" + text::CleanText(entry.ProcessName) + "|" +
            text::NumberText(entry.Thickness);
 }
 

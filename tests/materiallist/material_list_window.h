@@ -19,7 +19,7 @@ class MaterialListWindow : public ::testing::Test {
     // Opens the window on a list, does this in it and closes it by its frame if it is still open.
     void Edit(int source, const std::string& list,
               const std::function<void(materiallist::FrmEditMaterialList&, Keyboard&)>& steps) {
-        files.Load(source, list);
+        files.Load(static_cast<materiallist::ListSource>(source), list);
         materiallist::FrmEditMaterialList window;
         screen.windows.push_back([&](views::Form& form) {
             Keyboard keyboard(form);

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "errors/errors.h"
+#include "materiallist/material_list_table.h"
 #include "tests/support/temp_drives.h"
 
 namespace materiallist {
@@ -13,9 +15,6 @@ const std::string kPath = kUser + "\\nestuser.ini";
 
 class NestOptionsFile : public ::testing::Test {
   protected:
-    NestOptionsFile() { ResetNestOptions(); }
-    ~NestOptionsFile() override { ResetNestOptions(); }
-
     // The flags as digits, then the thickness.
     std::string Read(const std::string& lines) {
         drives.Write(kPath, "[Nest]\r\n" + lines);
@@ -72,8 +71,7 @@ TEST_F(NestOptionsFile, OnlyTheFiveValuesAreWritten) {
 }
 
 TEST_F(NestOptionsFile, ANewProfileIsMadeWhereItsDirectoryIs) {
-    TheNestOptions() = {};
-    WriteNestOptions(kUser);
+    EXPECT_THROW(WriteNestOptions(kUser), errors::FileError);
     EXPECT_FALSE(drives.Exists(kUser));
     drives.MakeDir(kUser);
     WriteNestOptions(kUser);

@@ -50,7 +50,7 @@ TEST_F(MaterialTypesWindow, AddsTypes) {
         EXPECT_EQ(Text(1, 1) + Text(1, 2) + Box(), "");
         EXPECT_EQ(window->grdMaterialTypes.Row(), 1);
         EXPECT_FALSE(window->cmdDelete.Enabled());
-        EXPECT_FALSE(MaterialTypesChanged);
+        EXPECT_FALSE(Shared().MaterialTypesChanged);
 
         InDialog([&](FrmAddMaterialTypes& dialog, test::Keyboard& keyboard) {
             EXPECT_EQ(dialog.Caption(), "Add Material Type");
@@ -69,7 +69,7 @@ TEST_F(MaterialTypesWindow, AddsTypes) {
         EXPECT_EQ(TheMaterialTypes().Count, 1);
         EXPECT_EQ(window->grdMaterialTypes.Rows(), 2) << "the empty row is gone";
         EXPECT_EQ(Text(1, 0) + "|" + Text(1, 1) + "|" + Text(1, 2), "MS||0");
-        EXPECT_TRUE(MaterialTypesChanged);
+        EXPECT_TRUE(Shared().MaterialTypesChanged);
         EXPECT_TRUE(window->txtEditData.Enabled());
         EXPECT_TRUE(window->cmdDelete.Enabled());
         Type("Mild Steel");  // without another click
@@ -122,7 +122,7 @@ TEST_F(MaterialTypesWindow, DeletesTypes) {
         Push(window->cmdDelete);
         EXPECT_EQ(screen.TakeLog(), Log{question("AL")});
         EXPECT_EQ(TheMaterialTypes().Count, 3);
-        EXPECT_FALSE(MaterialTypesChanged);
+        EXPECT_FALSE(Shared().MaterialTypesChanged);
 
         // What was typed in a density just before is put in order in the row that it moves to.
         Click(3, 2);
@@ -136,7 +136,7 @@ TEST_F(MaterialTypesWindow, DeletesTypes) {
         EXPECT_EQ(Cell(), "2,1");
         EXPECT_EQ(Box(), "Plastic");
         EXPECT_FALSE(window->cmdDelete.Enabled());
-        EXPECT_TRUE(MaterialTypesChanged);
+        EXPECT_TRUE(Shared().MaterialTypesChanged);
 
         Click(2, 2);
         screen.answers = {Answer::kYes};

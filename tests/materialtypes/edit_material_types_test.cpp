@@ -8,7 +8,7 @@ TEST_F(MaterialTypesWindow, ShowsTheFileAndClosesUnchanged) {
     std::string file = FileOf(kThree);
     file.replace(file.find("=2.7"), 4, "=-3");
     drives.Write(kPath, file);
-    MaterialTypesChanged = true;
+    Shared().MaterialTypesChanged = true;
     Open([&] {
         const auto& grid = window->grdMaterialTypes;
         EXPECT_EQ(window->Caption(), "Edit Material Types");
@@ -25,7 +25,7 @@ TEST_F(MaterialTypesWindow, ShowsTheFileAndClosesUnchanged) {
         EXPECT_EQ(Cell(), "1,1");
         EXPECT_EQ(Box(), "Mild Steel");
         EXPECT_FALSE(window->cmdDelete.Enabled());
-        EXPECT_FALSE(MaterialTypesChanged);
+        EXPECT_FALSE(Shared().MaterialTypesChanged);
         Press(views::kKeyRight);
         Press(views::kKeyDown);
         Press(views::kKeyEscape);
@@ -42,7 +42,7 @@ TEST_F(MaterialTypesWindow, TypingIntoTheGrid) {
         Type("07.850");
         EXPECT_EQ(Text(1, 2), "07.850") << "not put in order while typing";
         EXPECT_EQ(Box(), "07.850");
-        EXPECT_TRUE(MaterialTypesChanged);
+        EXPECT_TRUE(Shared().MaterialTypesChanged);
         Press(views::kKeyTab);
         EXPECT_EQ(Cell(), "1,2") << "no way on from the last column";
         EXPECT_EQ(Text(1, 2), "7.85");
@@ -143,10 +143,10 @@ TEST_F(MaterialTypesWindow, TheBoxEditsTheCurrentCell) {
         Click(2, 1);
         window->txtEditData.SetFocus();
         EXPECT_EQ(window->txtEditData.SelLength(), 9u);
-        EXPECT_FALSE(MaterialTypesChanged);
+        EXPECT_FALSE(Shared().MaterialTypesChanged);
         Type("Brass \xE9");
         EXPECT_EQ(Text(2, 1), "Brass \xE9");
-        EXPECT_TRUE(MaterialTypesChanged);
+        EXPECT_TRUE(Shared().MaterialTypesChanged);
         Press(views::kKeyTab);
         Type("-3");  // the whole text was selected
         EXPECT_EQ(Text(2, 2), "-3");
@@ -173,7 +173,7 @@ TEST_F(MaterialTypesWindow, APastedTextIsNotLost) {
         Click(1, 2);
         window->txtEditData.SetFocus();
         window->txtEditData.Edited("8.00", 4);  // by mouse: no key was pressed
-        EXPECT_TRUE(MaterialTypesChanged);
+        EXPECT_TRUE(Shared().MaterialTypesChanged);
         screen.answers = {Answer::kYes};
         views::Guard([&] { window->Mnemonic('c'); });
     });

@@ -4,10 +4,11 @@
 #include <random>
 
 #include "app/system_config.h"
+#include "errors/errors.h"
 #include "materialtypes/material_type_table.h"
-#include "platform/errors.h"
 #include "tests/support/source_files.h"
 #include "tests/support/temp_drives.h"
+#include "text/clean_text.h"
 #include "views/view_procedures.h"
 
 namespace materialtypes {
@@ -25,17 +26,15 @@ class MaterialTypeFile : public ::testing::Test {
         app::TheConfig().NestHomeDrive = "d:";
         app::TheConfig().NestRootDir = "\\TOLVARIN";
         drives.MakeDir(kFolder);
-        ResetMaterialTypes();
+        Shared() = {};
     }
-    ~MaterialTypeFile() override { ResetMaterialTypes(); }
 
     bool Read(const std::string& bytes) {
         drives.Write(kPath, bytes);
         return ReadMaterialTypes();
     }
     std::string Written() {
-        std::string reason;
-        EXPECT_TRUE(WriteMaterialTypes(&reason)) << reason;
+        WriteMaterialTypes();
         EXPECT_EQ(drives.Count(kFolder), 1);
         return drives.Read(kPath);
     }
@@ -49,8 +48,8 @@ class MaterialTypeFile : public ::testing::Test {
     void Show() {
         for (int n = 1; n <= table.Count; ++n) {
             MaterialTypeRecord& record = table.Record(n);
-            record.Code = views::CleanText(record.Code);
-            record.Description = views::CleanText(record.Description);
+            record.Code = text::CleanText(record.Code);
+            record.Description = text::CleanText(record.Description);
         }
     }
     test::TempDrives drives;
@@ -130,13 +129,13 @@ TEST_F(MaterialTypeFile, HoldsItsCapacityAndNotOneMore) {
     try {
         Read(FullFile(61));
         ADD_FAILURE() << "nothing failed";
-    } catch (const platform::FatalError& failure) {
+    } catch (const errors::FatalError& failure) {
         EXPECT_STREQ(failure.what(), "MATTYPES.DAT lists more than 60 material types");
     }
     EXPECT_EQ(table.Count, 7);
     EXPECT_TRUE(table.Records == before);
-    EXPECT_THROW(table.Record(0), platform::FatalError);
-    EXPECT_THROW(table.Record(61), platform::FatalError);
+    EXPECT_THROW(table.Record(0), errors::FatalError);
+    EXPECT_THROW(table.Record(61), errors::FatalError);
 }
 
 TEST_F(MaterialTypeFile, WhatIsWrittenReadsBackTheSame) {
@@ -155,7 +154,7 @@ TEST_F(MaterialTypeFile, WhatIsWrittenReadsBackTheSame) {
             }
             return result;
         };
-        ResetMaterialTypes();
+        Shared() = {};
         for (auto count = random() % 61; count > 0; --count) {
             // Sections that differ in case only would be one.
             Add(std::to_string(100 + table.Count) + text(29), "x" + text(50),
@@ -164,7 +163,7 @@ TEST_F(MaterialTypeFile, WhatIsWrittenReadsBackTheSame) {
         const std::string written = Written();
         EXPECT_EQ(Written(), written) << seed;
         const MaterialTypeTable before = table;
-        ResetMaterialTypes();
+        Shared() = {};
         ASSERT_TRUE(ReadMaterialTypes());
         Show();
         ASSERT_EQ(table.Count, before.Count) << seed;
@@ -177,10 +176,13 @@ TEST_F(MaterialTypeFile, AFileThatCannotBeWrittenIsReportedWithItsPath) {
     drives.Write(kPath, "old");
     drives.SetReadOnly(kPath, true);
     Add("MS", "Mild Steel", 7.85f);
-    std::string reason;
-    EXPECT_FALSE(WriteMaterialTypes(&reason));
-    EXPECT_EQ(reason.rfind("d:\\TOLVARIN\\system\\mattypes.dat: ", 0), 0u) << reason;
-    EXPECT_FALSE(WriteMaterialTypes());
+    try {
+        WriteMaterialTypes();
+        ADD_FAILURE() << "written";
+    } catch (const errors::FileError& failure) {
+        EXPECT_EQ(std::string(failure.what()).rfind("d:\\TOLVARIN\\system\\mattypes.dat: ", 0), 0u)
+            << failure.what();
+    }
     EXPECT_EQ(drives.Read(kPath), "old");
     EXPECT_EQ(drives.Count(kFolder), 1);
 }

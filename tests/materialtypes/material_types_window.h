@@ -56,13 +56,9 @@ class MaterialTypesWindow : public ::testing::Test {
         app::TheConfig() = {};
         app::TheConfig().NestHomeDrive = "c:";
         app::TheConfig().NestRootDir = "\\tolvarin";
-        ResetMaterialTypes();
         drives.MakeDir("c:\\tolvarin\\SYSTEM");
     }
-    ~MaterialTypesWindow() override {
-        ResetMaterialTypes();
-        app::TheConfig() = {};
-    }
+    ~MaterialTypesWindow() override { app::TheConfig() = {}; }
 
     // Opens the window on a file with these types, for a person who does this in it.
     void Edit(const std::vector<Entry>& types, const std::function<void()>& steps) {

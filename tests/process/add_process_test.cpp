@@ -9,7 +9,7 @@ TEST_F(ProcessWindows, DeletingMovesTheSettingsButNotTheNames) {
     Work([&](FrmProcessDefaults& window, test::Keyboard& keyboard) {
         keyboard.Press('D', views::kAlt);
         EXPECT_EQ(window.cboProcess.Count(), 3);
-        EXPECT_FALSE(ProcessChanged);
+        EXPECT_FALSE(Shared().ProcessChanged);
         keyboard.Press(views::kKeyEnter);
         const std::string question = Box("Delete Process",
                                          "             If you Delete this Process Plasma\r"
@@ -19,10 +19,10 @@ TEST_F(ProcessWindows, DeletingMovesTheSettingsButNotTheNames) {
                                          "Yes/No", "none");
         EXPECT_EQ(screen.TakeLog(), (Log{question, question}));
         EXPECT_EQ(window.cboProcess.Items(), (Log{"Oxy", "Laser"}));
-        EXPECT_EQ(CurrentProcess, 1);
+        EXPECT_EQ(Shared().CurrentProcess, 1);
         EXPECT_EQ(window.Caption(), "Process Defaults Oxy");
         EXPECT_EQ(window.txtRapid.Text(), "3000");
-        EXPECT_TRUE(ProcessChanged);
+        EXPECT_TRUE(Shared().ProcessChanged);
         window.cboProcess.Choose(1);
     });
     EXPECT_EQ(drives.Read(kFile),
@@ -37,7 +37,7 @@ TEST_F(ProcessWindows, AfterTheLastDeletionOnlyAddingIsLeft) {
         window.cboProcess.Choose(1);
         for (int i = 0; i < 3; ++i) window.cmdDeleteProcess.Press();
         EXPECT_EQ(TheProcesses().ProcessCount, 0);
-        EXPECT_EQ(CurrentProcess, 0);
+        EXPECT_EQ(Shared().CurrentProcess, 0);
         EXPECT_EQ(window.cboProcess.Text(), "");
         EXPECT_EQ(Texts(window), " 1 ()  0 0 ");               // of Laser, the last one shown
         EXPECT_EQ(Options(window), "..X .... .. .. .X. ...");  // only 0 and 1 are cleared
@@ -73,8 +73,8 @@ TEST_F(ProcessWindows, AddingACopyAndAProcessWithDefaults) {
             EXPECT_FALSE(dialog.IsOpen());
             EXPECT_EQ(dialog.Focus(), &dialog.cmdOk);
         });
-        EXPECT_TRUE(ProcessChanged);
-        EXPECT_EQ(CurrentProcess, 4);
+        EXPECT_TRUE(Shared().ProcessChanged);
+        EXPECT_EQ(Shared().CurrentProcess, 4);
         EXPECT_EQ(window.Caption(), "Process Defaults Plasma 2");
         EXPECT_EQ(Options(window), "X.. .X.. .X X. X.. ...");
         EXPECT_EQ(window.cboProcess.Text(), Field("Plasma 2", ' '));
@@ -119,8 +119,8 @@ TEST_F(ProcessWindows, NamesThatAreRefused) {
             EXPECT_FALSE(dialog.IsOpen());
         });
         EXPECT_EQ(TheProcesses().ProcessCount, 3);
-        EXPECT_FALSE(ProcessChanged);
-        EXPECT_EQ(CurrentProcess, 3);  // the last one is shown after a Cancel too
+        EXPECT_FALSE(Shared().ProcessChanged);
+        EXPECT_EQ(Shared().CurrentProcess, 3);  // the last one is shown after a Cancel too
         AddNamed(window, std::string(64, 'n'));
         EXPECT_EQ(Record(4).Name.View(), std::string(64, 'n'));
         AddNamed(window, "laser");
@@ -149,7 +149,7 @@ TEST_F(ProcessWindows, TwentyProcessesAreTheLimit) {
         EXPECT_TRUE(window.cmdAddProcess.Enabled());
         EXPECT_EQ(TheProcesses().ProcessCount, 19);
         AddNamed(window, "P20");
-        EXPECT_EQ(CurrentProcess, 20);
+        EXPECT_EQ(Shared().CurrentProcess, 20);
     });
 }
 

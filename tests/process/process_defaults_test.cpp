@@ -14,7 +14,7 @@ TEST_F(ProcessWindows, LookingAtEveryProcessIsNoEdit) {
         EXPECT_EQ(Texts(window), "10000 5000 45 () 50 2 ");
         window.cboProcess.Choose(1);
         EXPECT_EQ(window.Caption(), "Process Defaults Oxy");
-        EXPECT_EQ(CurrentProcess, 2);
+        EXPECT_EQ(Shared().CurrentProcess, 2);
         EXPECT_EQ(Options(window), ".X. ..X. X. .. ..X XXX");
         EXPECT_EQ(Texts(window), "3000 500 () () 0 -1 ");
         EXPECT_EQ(Record(2).Leadin.View(), "Arc ");  // without its blank in the file
@@ -22,7 +22,7 @@ TEST_F(ProcessWindows, LookingAtEveryProcessIsNoEdit) {
         window.cboProcess.Choose(2);
         EXPECT_EQ(Options(window), "..X X... .. .. .X. ...");
         EXPECT_EQ(Texts(window), ".5 1 () -30 0 0 ");
-        EXPECT_FALSE(ProcessChanged);
+        EXPECT_FALSE(Shared().ProcessChanged);
     });
     EXPECT_EQ(screen.TakeLog(), Log{});
     EXPECT_EQ(drives.Read(kFile), kBefore);
@@ -45,9 +45,9 @@ TEST_F(ProcessWindows, TabThroughOneBoxAsksAndYesSaves) {
             keyboard.Press(views::kKeyTab);
             EXPECT_EQ(window.Focus(), &window.txtRapid);
             EXPECT_EQ(window.txtRapid.SelLength(), 5u);
-            EXPECT_FALSE(ProcessChanged);
+            EXPECT_FALSE(Shared().ProcessChanged);
             keyboard.Press(views::kKeyTab);
-            EXPECT_TRUE(ProcessChanged);
+            EXPECT_TRUE(Shared().ProcessChanged);
             window.cmdClose.Press();
             EXPECT_FALSE(window.IsOpen());
         });
@@ -90,7 +90,7 @@ TEST_F(ProcessWindows, LeadInFromLineToArcIsSaved) {
 TEST_F(ProcessWindows, EveryOptionStoresItsCode) {
     screen.answers = {Answer::kNo};
     Work([](FrmProcessDefaults& window, test::Keyboard& keyboard) {
-        const auto edited = [] { return std::exchange(ProcessChanged, false); };
+        const auto edited = [] { return std::exchange(Shared().ProcessChanged, false); };
         const auto pick = [&](views::OptionButton& option) {
             option.Pick();
             EXPECT_TRUE(edited()) << option.Name();
@@ -139,7 +139,7 @@ TEST_F(ProcessWindows, EveryOptionStoresItsCode) {
             EXPECT_EQ(check.field, 0) << check.box.Name();
             EXPECT_TRUE(edited());
         }
-        ProcessChanged = true;
+        Shared().ProcessChanged = true;
     });
 }
 
@@ -151,9 +151,9 @@ TEST_F(ProcessWindows, BoxesAreReadWhenTheyAreLeft) {
             box.SetFocus();
             keyboard.Press(views::kKeyBackspace);  // all of it is selected
             keyboard.Type(typed);
-            ProcessChanged = false;
+            Shared().ProcessChanged = false;
             keyboard.Press(views::kKeyTab);
-            EXPECT_TRUE(ProcessChanged);
+            EXPECT_TRUE(Shared().ProcessChanged);
             return box.Text();
         };
         for (auto* box : {&window.txtRapid, &window.txtLineMarkRate}) {
@@ -220,14 +220,14 @@ TEST_F(ProcessWindows, WhatIsBeingTypedIsNeverLost) {
 
 TEST_F(ProcessWindows, WithoutAFileOnlyAddingIsOffered) {
     std::filesystem::remove(drives.Path(kFile));
-    CurrentProcess = 3;
+    Shared().CurrentProcess = 3;
     screen.answers = {Answer::kYes};
     Work([&](FrmProcessDefaults& window, test::Keyboard& keyboard) {
         EXPECT_EQ(screen.TakeLog(), Log{Box("Error loading Process.dat",
                                             "File PROCESS.DAT not found\rin c:\\tolvarin\\SYSTEM\\",
                                             "OK", "exclamation")});
         EXPECT_EQ(window.Caption(), "Process Defaults");
-        EXPECT_EQ(CurrentProcess, 0);
+        EXPECT_EQ(Shared().CurrentProcess, 0);
         window.txtRapid.SetFocus();
         keyboard.Type("7");
         window.optLeadIn[0].Pick();
@@ -239,9 +239,9 @@ TEST_F(ProcessWindows, WithoutAFileOnlyAddingIsOffered) {
                   Log{Box("Error : No Process", "There is no Process.", "OK", "exclamation")});
         Add(window, [](FrmAddProcess& dialog) { dialog.cmdCancel.Press(); });
         EXPECT_EQ(window.cboProcess.ListIndex(), -1);
-        EXPECT_FALSE(ProcessChanged);
+        EXPECT_FALSE(Shared().ProcessChanged);
         AddNamed(window, "First");
-        EXPECT_EQ(CurrentProcess, 1);
+        EXPECT_EQ(Shared().CurrentProcess, 1);
         EXPECT_EQ(window.Caption(), "Process Defaults First");
         EXPECT_EQ(Texts(window), "0 0 0 () 0 0 ");
         EXPECT_EQ(Options(window), "X.. ..X. .X .X X.. ...");
@@ -264,8 +264,8 @@ TEST_F(ProcessWindows, AFileOverCapacityLeavesEverythingAsItWas) {
     std::string rows = "[Processes]\r\nProcess1=P\r\n[P]\r\n";
     for (int k = 1; k <= 101; ++k) rows += "Thickness" + std::to_string(k) + "=1mm\r\n";
     Work([](FrmProcessDefaults&, test::Keyboard&) {});
-    CurrentProcess = 2;
-    ProcessChanged = true;
+    Shared().CurrentProcess = 2;
+    Shared().ProcessChanged = true;
     const auto before = std::make_unique<ProcessTable>(TheProcesses());
     for (const std::string& file :
          {list, rows, Dat({"[Processes]", "Process1=P", "[P]", "MajorDir=40000"})}) {
@@ -279,8 +279,8 @@ TEST_F(ProcessWindows, AFileOverCapacityLeavesEverythingAsItWas) {
         EXPECT_TRUE(log[0].ends_with("|OK|exclamation")) << log[0];
         EXPECT_EQ(TheProcesses().ProcessCount, 3);
         EXPECT_EQ(TheProcesses().Processes, before->Processes);
-        EXPECT_EQ(CurrentProcess, 2);
-        EXPECT_TRUE(ProcessChanged);
+        EXPECT_EQ(Shared().CurrentProcess, 2);
+        EXPECT_TRUE(Shared().ProcessChanged);
         EXPECT_EQ(drives.Read(kFile), file);
     }
 }
@@ -297,7 +297,7 @@ TEST_F(ProcessWindows, ASaveThatFailsKeepsTheWindowAndTheEdits) {
         EXPECT_TRUE(log[1].starts_with("Closing Process Defaults|" + kFile + ": ")) << log[1];
         EXPECT_TRUE(log[1].ends_with("|OK|exclamation")) << log[1];
         EXPECT_TRUE(window.IsOpen());
-        EXPECT_TRUE(ProcessChanged);
+        EXPECT_TRUE(Shared().ProcessChanged);
         EXPECT_EQ(Record(1).MajorDir, 1);
         EXPECT_EQ(drives.Read(kFile), kBefore);
         EXPECT_EQ(drives.Count("c:\\tolvarin\\system"), 1);

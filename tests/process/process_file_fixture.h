@@ -6,7 +6,7 @@
 #include <string>
 
 #include "app/system_config.h"
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "process/process_file.h"
 #include "process/process_table.h"
 #include "tests/support/temp_drives.h"
@@ -22,9 +22,7 @@ class ProcessFile : public ::testing::Test {
         app::TheConfig() = {};
         app::TheConfig().NestHomeDrive = "c:";
         app::TheConfig().NestRootDir = "\\tolvarin";
-        ResetProcesses();
     }
-    ~ProcessFile() override { ResetProcesses(); }
 
     bool Read(const std::string& bytes) {
         drives.Write(kPath, bytes);
@@ -45,7 +43,7 @@ class ProcessFile : public ::testing::Test {
     std::string Failure(const std::string& bytes) {
         try {
             Read(bytes);
-        } catch (const platform::FatalError& failure) {
+        } catch (const errors::FatalError& failure) {
             return failure.what();
         }
         ADD_FAILURE() << "nothing failed";

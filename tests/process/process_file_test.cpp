@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/process/process_file_fixture.h"
+#include "text/clean_text.h"
 
 namespace process {
 namespace {
@@ -37,7 +38,7 @@ TEST_F(ProcessFile, FieldsKeepWhatTheReadBufferHolds) {
     EXPECT_NE(written.find("Process2=Ox\0m, 2.5, 1200\0"s), written.npos);
     EXPECT_NE(written.find("[Ox]\r\n"), written.npos);
     ASSERT_TRUE(ReadProcessFile());
-    EXPECT_EQ(views::CleanText(table.Process(2).Name), "Ox");
+    EXPECT_EQ(text::CleanText(table.Process(2).Name), "Ox");
     EXPECT_EQ(table.Process(1).Rapid, 10000);
 }
 
@@ -132,17 +133,6 @@ TEST_F(ProcessFile, ReadsThicknessRowsAsTheyComeFromEditors) {
     EXPECT_NE(written.find("\r\nThickness2=12mm, 3, 900, 6, 0\r\n"), written.npos);
 }
 
-TEST_F(ProcessFile, TakesFieldsOffARow) {
-    std::string row = "8mm, a-2.5,x";
-    EXPECT_EQ(NextNumberField(row), "2.5,x");
-    EXPECT_EQ(row, " a-2.5,x");
-    EXPECT_EQ(NextNumberField(row), "");
-    EXPECT_EQ(row, "x");
-    EXPECT_EQ(NextNumberField(row), "");
-    row.clear();
-    EXPECT_EQ(NextNumberField(row), "0");
-}
-
 TEST_F(ProcessFile, AGapEndsTheList) {
     EXPECT_TRUE(Read("[Processes]\r\nProcess1=A\r\nProcess3=C\r\n"));
     EXPECT_EQ(table.ProcessCount, 1);
@@ -180,8 +170,8 @@ TEST_F(ProcessFile, NewRecordsTakeDefaultsOrACopy) {
     copy.Row(2).Feedrate = 9;  // not in use, so not touched
     EXPECT_EQ(record, copy);
     EXPECT_EQ(table.Process(3), ExampleRecord());
-    EXPECT_THROW(InitProcessRecord(21, 1), platform::FatalError);
-    EXPECT_THROW(InitProcessRecord(1, 21), platform::FatalError);
+    EXPECT_THROW(InitProcessRecord(21, 1), errors::FatalError);
+    EXPECT_THROW(InitProcessRecord(1, 21), errors::FatalError);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "process/process_file.h"
 #include "tests/process/process_file_fixture.h"
 #include "tests/support/source_files.h"
+#include "text/clean_text.h"
 
 namespace process {
 namespace {
@@ -17,8 +18,8 @@ using ProcessFileWrite = ProcessFile;
 void Show(ProcessTable& table) {
     for (int n = 1; n <= table.ProcessCount; ++n) {
         ProcessRecord& record = table.Process(n);
-        record.Name = views::CleanText(record.Name);
-        for (auto* code : {&record.Leadin, &record.Leadout}) *code = views::CleanText(*code);
+        record.Name = text::CleanText(record.Name);
+        for (auto* code : {&record.Leadin, &record.Leadout}) *code = text::CleanText(*code);
     }
 }
 
@@ -31,7 +32,7 @@ TEST_F(ProcessFileWrite, WritesOneProcessAndNone) {
     table.Process(1) = ExampleRecord();
     const std::string golden = test::SourceFile("tests/process/golden/one_process.dat");
     EXPECT_EQ(Written(), golden);
-    ResetProcesses();
+    Shared() = {};
     EXPECT_TRUE(ReadProcessFile());
     Show(table);
     EXPECT_EQ(table.Process(1), ExampleRecord());
@@ -149,10 +150,10 @@ TEST_F(ProcessFileWrite, HoldsItsCapacityAndNotOneMore) {
     EXPECT_EQ(table.ProcessCount, 20);
     EXPECT_TRUE(table.Processes == before.Processes);
     for (const int outside : {-1, 0, 21}) {
-        EXPECT_THROW(table.Process(outside), platform::FatalError);
+        EXPECT_THROW(table.Process(outside), errors::FatalError);
     }
-    EXPECT_THROW(table.Process(1).Row(0), platform::FatalError);
-    EXPECT_THROW(table.Process(1).Row(101), platform::FatalError);
+    EXPECT_THROW(table.Process(1).Row(0), errors::FatalError);
+    EXPECT_THROW(table.Process(1).Row(101), errors::FatalError);
 }
 
 TEST_F(ProcessFileWrite, TheDemonstrationFileComesBackByteForByte) {
@@ -206,12 +207,12 @@ void FillAtRandom(ProcessTable& table, unsigned seed) {
 TEST_F(ProcessFileWrite, WhatIsWrittenReadsBackTheSame) {
     drives.MakeDir("c:\\Tolvarin\\System");
     for (unsigned seed = 1; seed <= 40; ++seed) {
-        ResetProcesses();
+        Shared() = {};
         FillAtRandom(table, seed);
         const std::string written = Written();
         EXPECT_EQ(Written(), written) << seed;
         const ProcessTable before = table;
-        ResetProcesses();
+        Shared() = {};
         ASSERT_TRUE(ReadProcessFile());
         Show(table);
         ASSERT_EQ(table.ProcessCount, before.ProcessCount) << seed;

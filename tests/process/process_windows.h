@@ -104,7 +104,6 @@ inline const std::string kHeadAfter = Head({kPlasmaField, kOxyField, kLaserField
 class ProcessWindows : public ::testing::Test {
   protected:
     ProcessWindows() {
-        ResetProcesses();
         app::TheConfig().NestHomeDrive = "c:";
         app::TheConfig().NestRootDir = "\\tolvarin";
         drives.Write(kFile, kBefore);

@@ -8,6 +8,7 @@
 
 #include "process/add_thickness.h"
 #include "process/process_table.h"
+#include "tests/support/fresh_system.h"
 #include "tests/support/scripted_screen.h"
 #include "views/application.h"
 #include "views/view_procedures.h"
@@ -15,11 +16,10 @@
 namespace {
 
 using Log = std::vector<std::string>;
-using process::CurrentProcess;
 using process::FrmAddThickness;
 using process::FrmThicknessData;
-using process::ProcessChanged;
 using process::ProcessRecord;
+using process::Shared;
 using process::TheProcesses;
 using process::ThicknessRow;
 
@@ -29,13 +29,12 @@ std::string ErrorBox(const std::string& text) {
 
 class ThicknessWindow : public ::testing::Test {
   protected:
-    ThicknessWindow() { process::ResetProcesses(); }
-    ~ThicknessWindow() override { process::ResetProcesses(); }
+    ThicknessWindow() { test::FreshSystem(); }
 
     // One more process, which is the current one then.
     static ProcessRecord& AddProcess(const std::vector<ThicknessRow>& rows) {
-        CurrentProcess = ++TheProcesses().ProcessCount;
-        ProcessRecord& process = TheProcesses().Process(CurrentProcess);
+        Shared().CurrentProcess = ++TheProcesses().ProcessCount;
+        ProcessRecord& process = TheProcesses().Process(Shared().CurrentProcess);
         process.Name = "Plasma";
         for (const ThicknessRow& row : rows) process.Row(++process.ThicknessCount) = row;
         return process;
@@ -123,7 +122,7 @@ TEST_F(ThicknessWindow, ShowsTheCurrentProcess) {
         Press(views::kKeyRight);
     });
     EXPECT_EQ(process, before) << "looking changes nothing, not even what is shown as 0";
-    EXPECT_FALSE(ProcessChanged);
+    EXPECT_FALSE(Shared().ProcessChanged);
 }
 
 TEST_F(ThicknessWindow, OnlyTheBoxPutsNumbersInOrder) {
@@ -165,7 +164,7 @@ TEST_F(ThicknessWindow, OnlyTheBoxPutsNumbersInOrder) {
     });
     EXPECT_EQ(process.Row(1), (ThicknessRow{5, 7, 0, 1.234568e13f, .5f}));
     EXPECT_EQ(process.Row(2), (ThicknessRow{10, 1, 2, 8, 4}));
-    EXPECT_TRUE(ProcessChanged);
+    EXPECT_TRUE(Shared().ProcessChanged);
     EXPECT_TRUE(process::IsDigitsAndPoints("10.5.") && !process::IsDigitsAndPoints("1E5"));
 }
 
@@ -189,10 +188,10 @@ TEST_F(ThicknessWindow, WhatCountsAsAChange) {
         {"Delete", [this] { Push(window->cmdThkDel); }, true},
     };
     for (const Case& c : cases) {
-        process::ResetProcesses();
+        process::Shared() = {};
         AddProcess({{5, 1, 2, 3, 4}});
         Open(c.steps);
-        EXPECT_EQ(ProcessChanged, c.changes) << c.name;
+        EXPECT_EQ(Shared().ProcessChanged, c.changes) << c.name;
     }
     screen.TakeLog();
 }
@@ -214,7 +213,7 @@ TEST_F(ThicknessWindow, AddsInOrder) {
         EXPECT_EQ(Row(1), "10|0|0|0|0");
         EXPECT_TRUE(window->txtEditData.Enabled());
         EXPECT_EQ(window->txtEditData.Text(), "0");
-        EXPECT_TRUE(ProcessChanged);
+        EXPECT_TRUE(Shared().ProcessChanged);
         Add("2");
         Add("5mm");
         Add("40");
@@ -300,7 +299,7 @@ TEST_F(ThicknessWindow, DeletesWithoutAQuestion) {
         EXPECT_FALSE(window->txtEditData.Enabled());
         EXPECT_EQ(window->txtEditData.Text(), "");
     });
-    EXPECT_TRUE(ProcessChanged);
+    EXPECT_TRUE(Shared().ProcessChanged);
     EXPECT_EQ(screen.TakeLog(), Log{});
 }
 
@@ -320,14 +319,14 @@ TEST_F(ThicknessWindow, TheLastProcessDecidesWhetherThereIsRoom) {
     });
     EXPECT_EQ(TheProcesses().Process(2).Row(100), (ThicknessRow{99.5f, 0, 0, 0, 9}));
 
-    ProcessChanged = false;
-    CurrentProcess = 1;
+    Shared().ProcessChanged = false;
+    Shared().CurrentProcess = 1;
     Open([&] {
         Push(window->cmdThkAdd);
         EXPECT_FALSE(window->cmdThkAdd.Enabled());
     });
     EXPECT_EQ(TheProcesses().Process(1).ThicknessCount, 1);
-    EXPECT_FALSE(ProcessChanged) << "the dialog was not shown";
+    EXPECT_FALSE(Shared().ProcessChanged) << "the dialog was not shown";
 
     // The current process being full while the last one is not.
     TheProcesses().Process(1).ThicknessCount = 100;
@@ -337,7 +336,7 @@ TEST_F(ThicknessWindow, TheLastProcessDecidesWhetherThereIsRoom) {
         EXPECT_FALSE(window->cmdThkAdd.Enabled());
     });
     EXPECT_EQ(TheProcesses().Process(1).ThicknessCount, 100);
-    EXPECT_FALSE(ProcessChanged);
+    EXPECT_FALSE(Shared().ProcessChanged);
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "tests/support/temp_drives.h"
 
 #ifdef _WIN32

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "errors/errors.h"
 #include "profile/profile.h"
 #include "tests/support/temp_drives.h"
 
@@ -35,7 +36,7 @@ void Check(const std::vector<Write>& writes) {
     [[maybe_unused]] int files = 0;
     for (const Write& write : writes) {
         drives.Write(kFile, write.before);
-        EXPECT_TRUE(WriteKeys(kFile, write.section, {{write.key, write.value}}));
+        EXPECT_NO_THROW(WriteKeys(kFile, write.section, {{write.key, write.value}}));
         EXPECT_EQ(drives.Read(kFile), write.after);
         EXPECT_EQ(drives.Count("c:\\net"), 1);
 #ifdef _WIN32
@@ -126,7 +127,8 @@ TEST(WriteKey, RefusesWhatWouldNotBeFoundAgain) {
              {"s", "[k", "a]"},
              {"s", "[x", "a]"},
          }) {
-        EXPECT_FALSE(WriteKeys(kFile, section, {{key, value}})) << section << "/" << key;
+        EXPECT_THROW(WriteKeys(kFile, section, {{key, value}}), errors::FileError)
+            << section << "/" << key;
         EXPECT_EQ(drives.Read(kFile), before);
     }
 }
@@ -134,18 +136,18 @@ TEST(WriteKey, RefusesWhatWouldNotBeFoundAgain) {
 TEST(WriteKey, WritesAllPairsOrNoneIntoTheFileAsItIsNow) {
     const test::TempDrives drives;
     drives.MakeDir("c:\\net");
-    EXPECT_TRUE(WriteKeys(kFile, "s", {{"k", "1"}, {"m", "2"}}));
+    EXPECT_NO_THROW(WriteKeys(kFile, "s", {{"k", "1"}, {"m", "2"}}));
     EXPECT_EQ(drives.Read(kFile), "[s]\r\nk=1\r\nm=2\r\n");
-    drives.Write(kFile, "[s]\r\nk=3\r\nn=4\r\n");  // the nesting program has written meanwhile
-    EXPECT_FALSE(WriteKeys(kFile, "s", {{"k", "5"}, {"a=b", "6"}}));
-    EXPECT_TRUE(WriteKeys(kFile, "s", {{"n", "5"}}));
+    drives.Write(kFile, "[s]\r\nk=3\r\nn=4\r\n");  // another program has written meanwhile
+    EXPECT_THROW(WriteKeys(kFile, "s", {{"k", "5"}, {"a=b", "6"}}), errors::FileError);
+    EXPECT_NO_THROW(WriteKeys(kFile, "s", {{"n", "5"}}));
     EXPECT_EQ(drives.Read(kFile), "[s]\r\nk=3\r\nn=5\r\n");
     drives.SetReadOnly(kFile, true);
-    EXPECT_FALSE(WriteKeys(kFile, "s", {{"k", "2"}}));
-    EXPECT_TRUE(WriteKeys(kFile, "s", {{"k", "3"}}));  // no change is no reason to touch it
+    EXPECT_THROW(WriteKeys(kFile, "s", {{"k", "2"}}), errors::FileError);
+    EXPECT_NO_THROW(WriteKeys(kFile, "s", {{"k", "3"}}));  // no change is no reason to touch it
     EXPECT_EQ(drives.Read(kFile), "[s]\r\nk=3\r\nn=5\r\n");
     for (const char* path : {"c:\\none\\new.ini", "x:\\net\\new.ini", "c:\\net"}) {
-        EXPECT_FALSE(WriteKeys(path, "s", {{"k", "v"}})) << path;
+        EXPECT_THROW(WriteKeys(path, "s", {{"k", "v"}}), errors::FileError) << path;
     }
     EXPECT_FALSE(drives.Exists("c:\\none"));
     EXPECT_EQ(drives.Count("c:\\net"), 1);

@@ -10,6 +10,7 @@
 
 #include "platform/drives.h"
 #include "platform/single_instance.h"
+#include "tests/support/fresh_system.h"
 #include "text/code_page.h"
 
 namespace test {
@@ -31,6 +32,7 @@ fs::path NewFolder() {
 TempDrives::TempDrives() : folder_(NewFolder()) {
     fs::create_directory(folder_ / "c");
     fs::create_directory(folder_ / "d");
+    FreshSystem();
     platform::MapDrives(folder_);
     platform::SingleInstance::Suffix() = folder_.filename().string();
 }

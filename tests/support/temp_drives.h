@@ -9,8 +9,8 @@ namespace test {
 
 class TempDrives {
   public:
-    // Maps the drive letters to the folder and gives the test a session of its own, so that a
-    // System Manager that happens to run on the machine is not met.
+    // Begins a fresh system, maps the drive letters to the folder and gives the test a session of
+    // its own, so that a System Manager that happens to run on the machine is not met.
     TempDrives();
     ~TempDrives();
     TempDrives(const TempDrives&) = delete;

@@ -3,7 +3,7 @@
 
 #include <stdexcept>
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "tests/support/scripted_screen.h"
 #include "tests/support/temp_drives.h"
 #include "views/application.h"
@@ -221,8 +221,8 @@ TEST_F(Controls, DriveListRefusesWhatIsNotThere) {
     int changes = 0;
     list.onChange = [&] { ++changes; };
     EXPECT_EQ(list.Drive(), "c:");
-    EXPECT_THROW(list.SetDrive("x:"), platform::FileError);
-    EXPECT_THROW(list.SetDrive(""), platform::FileError);
+    EXPECT_THROW(list.SetDrive("x:"), errors::FileError);
+    EXPECT_THROW(list.SetDrive(""), errors::FileError);
     list.SetDrive("C:\\anything");
     EXPECT_EQ(changes, 0);
     list.SetDrive("D:");
@@ -230,7 +230,7 @@ TEST_F(Controls, DriveListRefusesWhatIsNotThere) {
     std::filesystem::remove(drives.Folder() / "d");
     list.Refresh();
     EXPECT_EQ(list.Items(), (Log{"c:", "d:"}));  // what is chosen stays to be seen
-    EXPECT_THROW(list.SetDrive("d:"), platform::FileError);
+    EXPECT_THROW(list.SetDrive("d:"), errors::FileError);
     EXPECT_EQ(changes, 1);
 }
 
@@ -279,7 +279,7 @@ TEST_F(Controls, GridKeepsItsCellInsideAndTellsWhatWasClicked) {
 // it is left.
 TEST_F(Controls, AnUnexpectedFailureEndsTheRunInOrder) {
     Dialog above;
-    above.cmdOk.onClick = [] { throw platform::FatalError("c:\\x: the disk is gone"); };
+    above.cmdOk.onClick = [] { throw errors::FatalError("c:\\x: the disk is gone"); };
     bool saved = false, wentOn = false;
     views::OnFailure([&] { saved = true; });
     dialog.cmdOk.onClick = [&] {

@@ -6,6 +6,8 @@
 #include <tuple>
 
 #include "tests/support/scripted_screen.h"
+#include "text/clean_text.h"
+#include "text/numbers.h"
 #include "views/form.h"
 
 namespace {
@@ -25,11 +27,11 @@ TEST(ViewProcedures, CentreFormUsesTheScreensUnits) {
 TEST(ViewProcedures, PrintableCharactersOfTheSet) {
     for (int code = 0; code < 256; ++code) {
         const bool printable = (code >= 32 && code <= 126) || code >= 160;
-        EXPECT_EQ(views::IsPrintableChar(std::string(1, static_cast<char>(code))), printable)
+        EXPECT_EQ(text::IsPrintableChar(std::string(1, static_cast<char>(code))), printable)
             << code;
     }
-    EXPECT_FALSE(views::IsPrintableChar(""));
-    EXPECT_TRUE(views::IsPrintableChar("a\x01"));
+    EXPECT_FALSE(text::IsPrintableChar(""));
+    EXPECT_TRUE(text::IsPrintableChar("a\x01"));
 }
 
 TEST(ViewProcedures, CleanTextTrimsTheCallersTextAndStopsAtTheFirstControl) {
@@ -43,11 +45,11 @@ TEST(ViewProcedures, CleanTextTrimsTheCallersTextAndStopsAtTheFirstControl) {
     };
     for (const auto& [text, clean, trimmed] : cases) {
         std::string value = text;
-        EXPECT_EQ(views::CleanText(value), clean);
+        EXPECT_EQ(text::CleanText(value), clean);
         EXPECT_EQ(value, trimmed);
     }
     text::FixedText<8> field("  MS\0x "s);
-    EXPECT_EQ(views::CleanText(field), "MS");
+    EXPECT_EQ(text::CleanText(field), "MS");
     EXPECT_EQ(field.View(), "MS\0x    "s);
 }
 
@@ -56,7 +58,7 @@ TEST(ViewProcedures, LeadingZeroText) {
         {"-3", "0"}, {"0", "0"},     {"1.5", "1.5"}, {".25", "0.25"},
         {"", ""},    {"abc", "abc"}, {"-.1", "0"},   {"1E-05", "01E-05"},
     };
-    for (const auto& [number, shown] : cases) EXPECT_EQ(views::LeadingZeroText(number), shown);
+    for (const auto& [number, shown] : cases) EXPECT_EQ(text::LeadingZeroText(number), shown);
 }
 
 TEST(ViewProcedures, NavigateCellMovesWithoutBounds) {

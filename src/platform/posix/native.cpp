@@ -57,39 +57,15 @@ FileErrorKind KindOfPlatform(const std::error_code& error) {
     }
 }
 
-void PrepareDrives() {
-    if (!Drives().empty()) return;
+std::unique_ptr<DriveSource> OwnDrives() {
+    const fs::path folder = DrivesFolder();
+    auto drives = DrivesIn(folder);
+    bool any = false;
+    for (char letter = 'a'; letter <= 'z'; ++letter) any = any || drives->Label(letter);
     // Every workshop PC has a c:, so a first start here gets one too.
     std::error_code ignored;
-    fs::create_directories(DrivesFolder() / "c", ignored);
-}
-
-std::vector<Drive> Drives() {
-    std::vector<Drive> drives;
-    for (char letter = 'a'; letter <= 'z'; ++letter) {
-        if (DriveReady(letter)) drives.push_back({letter, {}});
-    }
+    if (!any) fs::create_directories(folder / "c", ignored);
     return drives;
-}
-
-fs::path DriveRoot(char letter) {
-    return DrivesFolder() / std::string(1, letter);
-}
-
-bool DriveReady(char letter) {
-    // Reading it tells whether it answers, which its mere existence does not.
-    std::error_code error;
-    const Directory root(DriveRoot(letter), error);
-    if (!error) root.Entries(error, 1);
-    return !error;
-}
-
-std::string DrivesPlace() {
-    return "the entries a to z of the folder " + DrivesFolder().native();
-}
-
-std::string WindowsDirectory() {
-    return "c:\\windows";
 }
 
 fs::path FromSystem(std::string_view name) {

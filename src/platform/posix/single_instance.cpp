@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "platform/native.h"
 
 namespace platform {
@@ -32,8 +32,8 @@ SingleInstance::SingleInstance() {
     if (file >= 0) handle_ = reinterpret_cast<void*>(static_cast<std::intptr_t>(file) + 1);
     anotherIsRunning_ = error.value() == EADDRINUSE;
     if (error && !anotherIsRunning_) {
-        throw FatalError("Whether another System Manager is running cannot be found out: " +
-                         error.message());
+        throw errors::FatalError("Whether another System Manager is running cannot be found out: " +
+                                 error.message());
     }
 }
 

@@ -75,49 +75,40 @@ FileErrorKind KindOfPlatform(const std::error_code& error) {
     }
 }
 
-void PrepareDrives() {
-    // An empty card reader is to be skipped, not asked for with the system's own box.
-    SetErrorMode(SetErrorMode(0) | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
-}
-
 namespace {
 
-// The volume is asked, not its root: that of an empty one has no entries, which reads as an error.
-bool VolumeAnswers(char letter, wchar_t* label) {
-    return GetVolumeInformationW(DriveRoot(letter).c_str(), label, MAX_PATH + 1, nullptr, nullptr,
-                                 nullptr, nullptr, 0) != 0;
-}
+// The letters of the computer.
+class Letters : public DriveSource {
+  public:
+    Letters() {
+        // An empty card reader is to be skipped, not asked for with the system's own box.
+        SetErrorMode(SetErrorMode(0) | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    }
+
+    fs::path Root(char letter) const override { return fs::path(std::string(1, letter) + ":\\"); }
+    std::optional<std::string> Label(char letter) const override {
+        if ((GetLogicalDrives() & (1u << (letter - 'a'))) == 0) return std::nullopt;
+        // The volume is asked, not its root: that of an empty one has no entries, which reads as
+        // an error.
+        wchar_t label[MAX_PATH + 1] = L"";
+        if (!GetVolumeInformationW(Root(letter).c_str(), label, MAX_PATH + 1, nullptr, nullptr,
+                                   nullptr, nullptr, 0)) {
+            return std::nullopt;
+        }
+        return NarrowLabel(label);
+    }
+    std::string Place() const override { return "the letters of this computer that answer"; }
+    std::string WindowsDirectory() const override {
+        char buffer[255] = "";
+        const UINT length = GetWindowsDirectoryA(buffer, 254);
+        return {buffer, length < 254 ? length : 0};
+    }
+};
 
 }  // namespace
 
-std::vector<Drive> Drives() {
-    std::vector<Drive> drives;
-    const DWORD present = GetLogicalDrives();
-    for (char letter = 'a'; letter <= 'z'; ++letter) {
-        if ((present & (1u << (letter - 'a'))) == 0) continue;
-        wchar_t label[MAX_PATH + 1] = L"";
-        if (VolumeAnswers(letter, label)) drives.push_back({letter, NarrowLabel(label)});
-    }
-    return drives;
-}
-
-bool DriveReady(char letter) {
-    wchar_t label[MAX_PATH + 1] = L"";
-    return VolumeAnswers(letter, label);
-}
-
-std::string DrivesPlace() {
-    return "the letters of this computer that answer";
-}
-
-fs::path DriveRoot(char letter) {
-    return fs::path(std::string(1, letter) + ":\\");
-}
-
-std::string WindowsDirectory() {
-    char buffer[255] = "";
-    const UINT length = GetWindowsDirectoryA(buffer, 254);
-    return {buffer, length < 254 ? length : 0};
+std::unique_ptr<DriveSource> OwnDrives() {
+    return std::make_unique<Letters>();
 }
 
 fs::path FromSystem(std::string_view name) {

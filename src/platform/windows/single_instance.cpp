@@ -4,7 +4,7 @@
 
 #include <sddl.h>
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "platform/native.h"
 #include "platform/windows/handle.h"
 
@@ -46,8 +46,8 @@ SingleInstance::SingleInstance() {
     const bool denied = !name.empty() && handle_ == nullptr && error.value() == ERROR_ACCESS_DENIED;
     anotherIsRunning_ = denied || (handle_ != nullptr && error.value() == ERROR_ALREADY_EXISTS);
     if (handle_ == nullptr && !denied) {
-        throw FatalError("Whether another System Manager is running cannot be found out: " +
-                         error.message());
+        throw errors::FatalError("Whether another System Manager is running cannot be found out: " +
+                                 error.message());
     }
 }
 

@@ -14,7 +14,7 @@
 #include "views/wx/convert.h"
 #include "views/wx/peer.h"
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 // The real control is made with the caption that the plain one has then.
@@ -199,4 +199,4 @@ std::unique_ptr<WindowPeer> MakeSpinPeer(Control& control, wxWindow* parent) {
     return std::make_unique<SpinPeer>(As<SpinButton>(control), parent);
 }
 
-}  // namespace views::mirror
+}  // namespace views::wx

@@ -12,7 +12,7 @@
 
 #include "text/code_page.h"
 
-namespace views::mirror {
+namespace views::wx {
 
 inline wxString ToWx(std::string_view bytes) {
     const std::string utf8 = text::ToUtf8(bytes);
@@ -30,4 +30,4 @@ inline std::optional<std::string> FromWx(const wxString& value) {
     return text::FromUtf8({utf8.data(), utf8.length()});
 }
 
-}  // namespace views::mirror
+}  // namespace views::wx

@@ -17,7 +17,7 @@
 #include "views/wx/convert.h"
 #include "views/wx/keys.h"
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 constexpr int kGap = 6;      // pixels between controls at 96 dpi
@@ -49,7 +49,6 @@ FormWindow::FormWindow(Form& form, wxWindow* parent)
 
 FormWindow::~FormWindow() {
     form_.SetPeer(nullptr);
-    timers_.clear();
     // Before the peers, which events still waiting for the controls refer to.
     delete window_;
 }
@@ -178,21 +177,8 @@ void FormWindow::ShowWholeTitle() {
     window_->SetSize(wxSize(std::max(window_->GetSize().x, least.x), window_->GetSize().y));
 }
 
-void FormWindow::StartTimers() {
-    for (Timer* plain : form_.Timers()) {
-        if (plain->Interval() <= 0) continue;
-        auto timer = std::make_unique<wxTimer>();
-        timer->Bind(wxEVT_TIMER, [this, plain](wxTimerEvent&) {
-            if (plain->onTimer) Deliver(form_, plain->onTimer);
-        });
-        timer->Start(plain->Interval());
-        timers_.push_back(std::move(timer));
-    }
-}
-
 void FormWindow::Run() {
     window_->Move(form_.left, form_.top);
-    StartTimers();
     window_->Bind(wxEVT_MOVE, &FormWindow::Place, this);
     window_->CallAfter([this] {
         Deliver(form_, [this] { form_.Activate(); });
@@ -247,4 +233,4 @@ void FormWindow::ForwardKey(wxKeyEvent& event) {
     event.Skip();
 }
 
-}  // namespace views::mirror
+}  // namespace views::wx

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <wx/evtloop.h>
-#include <wx/timer.h>
 #include <wx/toplevel.h>
 
 #include <map>
@@ -15,7 +14,7 @@
 
 class wxSizer;
 
-namespace views::mirror {
+namespace views::wx {
 
 class FormWindow : public FormPeer {
   public:
@@ -46,16 +45,14 @@ class FormWindow : public FormPeer {
     WindowPeer* PeerOf(const Control* control) const;
     void ForwardKey(wxKeyEvent& event);
     void ShowWholeTitle();
-    void StartTimers();
     void Place(wxMoveEvent& event);
 
     Form& form_;
     wxTopLevelWindow* window_;
     std::map<const Control*, std::unique_ptr<WindowPeer>> peers_;
-    std::vector<std::unique_ptr<wxTimer>> timers_;
     wxEventLoopBase* loop_ = nullptr;  // of a window without a parent, while it is shown
     bool closed_ = false;
     bool placed_ = false;
 };
 
-}  // namespace views::mirror
+}  // namespace views::wx

@@ -14,7 +14,7 @@
 #include "views/wx/convert.h"
 #include "views/wx/peer.h"
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 // Twips of a 96 dpi screen; what is laid out in them grows with the font.
@@ -400,4 +400,4 @@ std::unique_ptr<WindowPeer> MakeGridPeer(Control& control, wxWindow* parent) {
     return grid != nullptr ? std::make_unique<GridPeer>(*grid, parent) : nullptr;
 }
 
-}  // namespace views::mirror
+}  // namespace views::wx

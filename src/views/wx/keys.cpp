@@ -9,7 +9,7 @@
 #include <wx/msw/wrapwin.h>
 #endif
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 // The modifiers held with a character, as far as they decide what it is.
@@ -111,4 +111,4 @@ Typing TypingOf(const wxKeyEvent& event) {
     return {Typing::Kind::kTyped, *character};
 }
 
-}  // namespace views::mirror
+}  // namespace views::wx

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-namespace views::mirror {
+namespace views::wx {
 
 // The code of a key (see views/keys.h). None for a modifier by itself, which is no key yet.
 std::optional<int> KeyOf(const wxKeyEvent& event);
@@ -26,4 +26,4 @@ struct Typing {
 // Of an event of kind wxEVT_CHAR, after the keyboard layout has done its work.
 Typing TypingOf(const wxKeyEvent& event);
 
-}  // namespace views::mirror
+}  // namespace views::wx

@@ -13,7 +13,7 @@
 #include <gtk/gtk.h>
 #endif
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 // Keys are the plain list's business, so the real one is worked by the mouse only.
@@ -149,4 +149,4 @@ std::unique_ptr<WindowPeer> MakeDriveListPeer(Control& control, wxWindow* parent
                                                    new wxChoice(parent, wxID_ANY));
 }
 
-}  // namespace views::mirror
+}  // namespace views::wx

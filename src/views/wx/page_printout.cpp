@@ -8,7 +8,7 @@
 
 #include "views/wx/convert.h"
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 // 80 characters and room for the longest form of date and time in the last column.
@@ -101,4 +101,4 @@ void PagePrintout::DrawLine(std::string_view line, int y) {
     }
 }
 
-}  // namespace views::mirror
+}  // namespace views::wx

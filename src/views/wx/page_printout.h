@@ -10,7 +10,7 @@
 
 #include "views/printer.h"
 
-namespace views::mirror {
+namespace views::wx {
 
 class PagePrintout : public wxPrintout {
   public:
@@ -41,4 +41,4 @@ class PagePrintout : public wxPrintout {
     int lineHeight_ = 1;
 };
 
-}  // namespace views::mirror
+}  // namespace views::wx

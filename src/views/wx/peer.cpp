@@ -15,7 +15,7 @@
 #include <wx/msw/wrapwin.h>
 #endif
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 // The peers whose real and plain controls may be out of step.
@@ -185,4 +185,4 @@ bool ListHangsOpen(const wxWindow* window) {
 
 #endif
 
-}  // namespace views::mirror
+}  // namespace views::wx

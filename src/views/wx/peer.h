@@ -14,7 +14,7 @@
 
 #include "views/control.h"
 
-namespace views::mirror {
+namespace views::wx {
 
 // Runs what the operator did in a window, after all real and plain controls have been brought into
 // step: a handler finds the texts that stand on the screen.
@@ -59,7 +59,7 @@ class WindowPeer : public Peer {
   protected:
     WindowPeer(Control& control, wxWindow* window) : control_(control), window_(window) {}
 
-    void Deliver(const std::function<void()>& event) { mirror::Deliver(control_.Owner(), event); }
+    void Deliver(const std::function<void()>& event) { wx::Deliver(control_.Owner(), event); }
 
     virtual void Update(Aspect changed) = 0;
     // Everything that Start shows.
@@ -115,4 +115,4 @@ void SetSpokenName(wxWindow* window, const wxString& name);
 // Whether the list of a drop-down control hangs open and takes the keys.
 bool ListHangsOpen(const wxWindow* window);
 
-}  // namespace views::mirror
+}  // namespace views::wx

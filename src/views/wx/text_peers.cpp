@@ -13,7 +13,7 @@
 #include "views/wx/convert.h"
 #include "views/wx/peer.h"
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 // What the operator types is put into the plain text, not by the toolkit into the real one: on GTK
@@ -170,4 +170,4 @@ std::unique_ptr<WindowPeer> MakeComboPeer(Control& control, wxWindow* parent) {
                                        new wxComboBox(parent, wxID_ANY));
 }
 
-}  // namespace views::mirror
+}  // namespace views::wx

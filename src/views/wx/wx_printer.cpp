@@ -6,7 +6,7 @@
 #include <wx/toplevel.h>
 #include <wx/utils.h>
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 #include "views/wx/convert.h"
 #include "views/wx/page_printout.h"
 
@@ -16,10 +16,10 @@
 
 #include <commdlg.h>
 #else
-#include "platform/posix/print_server.h"
+#include "views/wx/print_server.h"
 #endif
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 // Collects what the toolkit would tell the operator in boxes of its own.
@@ -71,10 +71,10 @@ wxWindow* WindowOnTop() {
 wxPrintData DataForPrinter(const wxPrintData& data) {
     wxPrintData result = data;
 #ifdef __WXMSW__
-    if (!result.IsOk()) throw platform::FatalError("There is no printer.");
+    if (!result.IsOk()) throw errors::FatalError("There is no printer.");
 #else
     const auto chosen = result.GetPrinterName().utf8_string();
-    result.SetPrinterName(wxString::FromUTF8(platform::PrinterToUse(chosen)));
+    result.SetPrinterName(wxString::FromUTF8(PrinterToUse(chosen)));
 #endif
     return result;
 }
@@ -89,7 +89,7 @@ void WxPrinter::Send(const std::vector<Page>& pages) {
     const bool done = printer.Print(WindowOnTop(), &printout, /*prompt=*/false);
     if (done ? printout.AllPrinted() : wxPrinter::GetLastError() == wxPRINTER_CANCELLED) return;
     const auto text = FromWx(reasons.Text());
-    throw platform::FatalError("The printer failed." + text.value_or(""));
+    throw errors::FatalError("The printer failed." + text.value_or(""));
 }
 
 #ifdef __WXMSW__
@@ -122,4 +122,4 @@ void WxPrinter::ShowSetup() {
 
 #endif
 
-}  // namespace views::mirror
+}  // namespace views::wx

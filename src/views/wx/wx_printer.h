@@ -5,7 +5,7 @@
 
 #include "views/printer.h"
 
-namespace views::mirror {
+namespace views::wx {
 
 class WxPrinter : public Printer {
   public:
@@ -18,4 +18,4 @@ class WxPrinter : public Printer {
     wxPrintData data_;  // as set up in this run
 };
 
-}  // namespace views::mirror
+}  // namespace views::wx

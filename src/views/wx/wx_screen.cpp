@@ -13,7 +13,7 @@
 #include <wx/generic/msgdlgg.h>  // counts on what stands above
 #endif
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 // The system's texts separate their lines by CR or LF.
@@ -141,4 +141,4 @@ void WxScreen::Run(Form&) {
     if (Top() != nullptr) Top()->ComeBack();
 }
 
-}  // namespace views::mirror
+}  // namespace views::wx

@@ -7,7 +7,7 @@
 #include "views/screen.h"
 #include "views/wx/form_window.h"
 
-namespace views::mirror {
+namespace views::wx {
 
 class WxScreen : public Screen {
   public:
@@ -28,4 +28,4 @@ class WxScreen : public Screen {
     std::vector<std::unique_ptr<FormWindow>> windows_;
 };
 
-}  // namespace views::mirror
+}  // namespace views::wx

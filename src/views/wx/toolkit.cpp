@@ -1,4 +1,4 @@
-#include "views/wx/application.h"
+#include "views/wx/toolkit.h"
 
 #include <wx/app.h>
 #include <wx/init.h>
@@ -16,7 +16,7 @@
 #include <gtk/gtk.h>
 #endif
 
-namespace views::mirror {
+namespace views::wx {
 namespace {
 
 class ToolkitApp : public wxApp {
@@ -65,4 +65,4 @@ int RunWithToolkit(int argc, char** argv, std::function<int()> body) {
     return status < 0 ? 1 : status;
 }
 
-}  // namespace views::mirror
+}  // namespace views::wx

@@ -4,11 +4,11 @@
 
 #include <string>
 
-namespace platform {
+namespace views::wx {
 
 // The name of the printer to print on: `chosen` where the server has it, else the default printer,
 // else the first one. Throws FatalError when there is no server, it does not answer within 1.5
 // seconds, it has no printer, or that one accepts no jobs.
 std::string PrinterToUse(const std::string& chosen);
 
-}  // namespace platform
+}  // namespace views::wx

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/errors.h"
+#include "errors/errors.h"
 
-namespace platform {
+namespace errors {
 
 // Element n of a table, counted from 1; `what` names it in the text of the FatalError.
 template <typename Table>
@@ -18,4 +18,4 @@ auto& Element(Table& table, int n, std::string_view what) {
     return table[static_cast<std::size_t>(n - 1)];
 }
 
-}  // namespace platform
+}  // namespace errors
