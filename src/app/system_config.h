@@ -4,9 +4,11 @@
 #include <string>
 #include <string_view>
 
+#include "app/version.h"
+
 namespace app {
 
-inline constexpr std::string_view VersionText = "2.03";
+inline constexpr std::string_view VersionText = SYSMAN_VERSION;
 
 // Read once at start-up; only CurrentSysManDrive changes afterwards, when the run ends.
 struct SystemConfig {
