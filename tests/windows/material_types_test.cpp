@@ -81,10 +81,9 @@ TEST_F(MaterialTypesWindow, WhatIsTypedIntoTheBox) {
         no, Esc -> focus cmdSysMaterial; box Yes/No none "Material Types Save" "<7>Save Changes ?"
     )");
     Play(workshop, R"(
-        click cmdSysMaterial, click 1 2, paste txtEditData '8.00\r\nx' -> "Edit Material Types"
-            -> row 0: Code | Description | Density; row 1: MS | Mild steel | 8.00
-            -> row 2: SS304 | Stainless | 0.5; at 1 2; marked; txtEditData "8.00"
-            -> focus grdMaterialTypes
+        click cmdSysMaterial, click 1 2, focus txtEditData, paste txtEditData '8.00\r\nx' -> "Edit
+            -> Material Types"; row 0: Code | Description | Density; row 1: MS | Mild steel | 8.00
+            -> row 2: SS304 | Stainless | 0.5; at 1 2; marked; txtEditData "8.00"; focus txtEditData
         yes, Alt+C -> focus cmdSysMaterial
             -> box Yes/No none "Material Types Save" "<7>Save Changes ?"
             -> c:\tolvarin\system\mattypes.dat -Density=7.85; +Density=8
