@@ -47,14 +47,14 @@ class Page {
         sortBox_.Clear();
         try {
             const auto folder = platform::Folder::IfThere(path);
+            bool any = false;
             if (folder) {
                 for (const std::string& name : folder->Names(platform::DirKinds::kFiles)) {
                     sortBox_.AddItem(name);
                 }
-            }
-            bool any = false;
-            for (const std::string& name : sortBox_.Items()) {
-                if (PrintFile(*folder, name)) any = true;
+                for (const std::string& name : sortBox_.Items()) {
+                    if (PrintFile(*folder, name)) any = true;
+                }
             }
             if (!any) printer_.PrintLine("<No files>");
         } catch (const errors::FileError& failure) {

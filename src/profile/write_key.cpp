@@ -71,7 +71,7 @@ void WriteKeys(std::string_view path, std::string_view section, const Pairs& pai
         auto written = WithKey(bytes, section, key, value);
         if (!written) {
             throw errors::FileError(errors::FileErrorKind::kOther, std::string(path),
-                                    key + "=" + value + " cannot stand in a profile");
+                                    std::string("a profile cannot hold the key ").append(key));
         }
         bytes = std::move(*written);
     }

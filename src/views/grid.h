@@ -47,7 +47,7 @@ class Grid : public Control {
 
     // An index outside the grid throws std::out_of_range. A text ends at its first NUL.
     const std::string& Text(int row, int column) const;
-    void SetText(int row, int column, std::string_view text);
+    void SetText(int row, int column, std::string_view value);
 
     // Puts a row with these texts in front of row `at`, or behind the last one. The current cell
     // keeps its numbers; removing the last row while it is current makes the row before current.

@@ -16,16 +16,16 @@ inline constexpr int kKeyOther = 0, kKeyBackspace = 8, kKeyTab = 9, kKeyEnter = 
 // Shift states, which add up.
 inline constexpr int kShift = 1, kCtrl = 2, kAlt = 4;
 
-inline constexpr bool IsArrow(int key) {
+constexpr bool IsArrow(int key) {
     return key >= kKeyLeft && key <= kKeyDown;
 }
 // Page Up and Down, Home and End.
-inline constexpr bool IsPaging(int key) {
+constexpr bool IsPaging(int key) {
     return key >= kKeyPageUp && key <= kKeyHome;
 }
 
 // Whether a code is that of a letter or a digit.
-inline constexpr bool IsLetterOrDigit(int key) {
+constexpr bool IsLetterOrDigit(int key) {
     return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
 }
 

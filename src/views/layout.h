@@ -26,7 +26,7 @@ struct Layout {
     bool grows = false;  // takes the free room of its row or column
 
     Layout() = default;
-    Layout(Control& single) : control(&single) {}  // NOLINT: a control is a layout of its own
+    Layout(Control& single) : control(&single) {}  // a control is a layout of its own
     Layout(Kind of, std::vector<Layout> with) : kind(of), parts(std::move(with)) {}
 };
 

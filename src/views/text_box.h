@@ -17,7 +17,7 @@ class TextPart {
     const std::string& Text() const { return text_; }
     // From code: a different text runs Change and puts the caret in front; the same one nothing.
     // It ends at its first NUL.
-    void SetText(std::string_view text);
+    void SetText(std::string_view value);
 
     // Caret or selection, counted in characters from 0 and kept inside the text.
     std::size_t SelStart() const { return selStart_; }
@@ -33,7 +33,7 @@ class TextPart {
     void Insert(char character);
     // The operator has changed the text in another way (pasted, cut, deleted): runs Change where it
     // differs. Of a pasted text only the first line counts.
-    void Edited(std::string_view text, std::size_t caret);
+    void Edited(std::string_view value, std::size_t caret);
     // The operator has moved the caret or the selection.
     void Selected(std::size_t start, std::size_t length);
 

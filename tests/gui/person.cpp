@@ -50,17 +50,8 @@ bool ListIsOpen() {
 constexpr long kPatience = 20000;  // milliseconds
 
 views::wx::WxScreen& TheRealScreen() {
-    return dynamic_cast<views::wx::WxScreen&>(views::TheScreen());
-}
-
-// Input goes through the display server and back; a moment without any event tells that it came.
-void Settle() {
-    for (int quiet = 0; quiet < 3; ++quiet) {
-        wxMilliSleep(5);
-        while (wxTheApp->Pending()) wxTheApp->Dispatch();
-        wxTheApp->ProcessPendingEvents();
-        wxYield();
-    }
+    static auto& screen = dynamic_cast<views::wx::WxScreen&>(views::TheScreen());
+    return screen;
 }
 
 // Presses the key again and again until the box is gone: it takes the focus when it likes.
@@ -196,17 +187,34 @@ std::pair<std::string, std::string> Compared(const views::Control& plain, const 
 
 }  // namespace
 
+// Input goes through the display server and back; a moment without any event tells that it came.
+void Settle() {
+    for (int quiet = 0; quiet < 3; ++quiet) {
+        wxMilliSleep(5);
+        while (wxTheApp->Pending()) wxTheApp->Dispatch();
+        wxTheApp->ProcessPendingEvents();
+        wxYield();
+    }
+}
+
+void UseRealScreen() {
+    TheRealScreen();
+}
+
+void WaitForFocus(const views::Form& form) {
+    EXPECT_TRUE(Until([&] { return form.Focus() != nullptr; })) << "the window does not appear";
+    EXPECT_TRUE(Until([&] {
+        wxWindow* real = form.Focus() != nullptr ? RealOf(*form.Focus()) : nullptr;
+        wxWindow* focus = wxWindow::FindFocus();
+        return real != nullptr && focus != nullptr && (focus == real || focus->GetParent() == real);
+    })) << "the window does not get the focus";
+}
+
 void WorkIn(views::Form& form, const std::function<void()>& steps) {
     views::ResetApplication();  // a test before may have ended its run
     bool done = false;
     wxTheApp->CallAfter([&] {
-        EXPECT_TRUE(Until([&] { return form.Focus() != nullptr; })) << "the window does not appear";
-        EXPECT_TRUE(Until([&] {
-            wxWindow* real = form.Focus() != nullptr ? RealOf(*form.Focus()) : nullptr;
-            wxWindow* focus = wxWindow::FindFocus();
-            return real != nullptr && focus != nullptr &&
-                   (focus == real || focus->GetParent() == real);
-        })) << "the window does not get the focus";
+        WaitForFocus(form);
         if (!::testing::Test::HasFailure()) steps();
         done = true;
         if (form.IsOpen()) form.Close();

@@ -17,6 +17,15 @@ namespace test {
 // Shows the form in a real window, does the steps in it and closes it if they have not.
 void WorkIn(views::Form& form, const std::function<void()>& steps);
 
+// Remembers the real screen, before another one is put in front of it.
+void UseRealScreen();
+
+// Waits until the window of a form has the focus; fails the test when it does not get it.
+void WaitForFocus(const views::Form& form);
+
+// Lets everything that has been set off come to rest.
+void Settle();
+
 // The real window of a control of the form that WorkIn shows.
 wxWindow* RealOf(const views::Control& control);
 

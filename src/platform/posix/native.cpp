@@ -77,7 +77,7 @@ std::optional<std::string> ToSystem(const fs::path& name) {
 }
 
 fs::path FindEntry(const fs::path& folder, std::string_view name, Lookup lookup) {
-    const fs::path exact = folder / FromSystem(name);
+    fs::path exact = folder / FromSystem(name);
     const auto check = [&](const std::error_code& error) {
         if (error) throw FileError(KindOf(error), std::string(name), error.message());
     };

@@ -1,0 +1,65 @@
+// Plays scripts by events of the plain controls, without real windows.
+#include "tests/support/plain_player.h"
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+
+#include "views/application.h"
+#include "views/basic_controls.h"
+#include "views/keys.h"
+#include "views/lists.h"
+
+namespace test {
+
+void PlainPlayer::Start(views::Form& form) {
+    views::Screen* const before = views::InstallScreen(this);
+    views::Guard([&] { views::ShowModal(form); });
+    views::InstallScreen(before);
+    EXPECT_EQ(busy_, 0) << "the pointer is still busy";
+}
+
+void PlainPlayer::Run(views::Form& form) {
+    views::Guard([&] { form.Activate(); });
+    Work(form);
+}
+
+void PlainPlayer::Press(views::Form& form, int key, int shift) {
+    views::Guard([&] {
+        if (form.KeyDown(key, shift)) return;
+        if (key == views::kKeySpace) {
+            // What the toolkit does by itself.
+            if (auto* button = dynamic_cast<views::CommandButton*>(form.Focus()))
+                return button->Press();
+            if (auto* box = dynamic_cast<views::CheckBox*>(form.Focus())) return box->Toggle();
+        }
+        if (key == views::kKeyBackspace) form.KeyPress(views::kKeyBackspace);
+    });
+}
+
+void PlainPlayer::Type(views::Form& form, char character) {
+    const int key = std::toupper(static_cast<unsigned char>(character));
+    const bool named = views::IsLetterOrDigit(key) || key == views::kKeySpace;
+    views::Guard([&] {
+        if (!form.KeyDown(named ? key : views::kKeyOther, 0)) form.KeyPress(character);
+    });
+}
+
+void PlainPlayer::Click(views::Control& control) {
+    views::Guard([&] {
+        if (auto* button = dynamic_cast<views::CommandButton*>(&control)) return button->Press();
+        if (auto* box = dynamic_cast<views::CheckBox*>(&control)) return box->Toggle();
+        if (auto* option = dynamic_cast<views::OptionButton*>(&control)) return option->Pick();
+        ADD_FAILURE() << control.Name() << " cannot be clicked";
+    });
+}
+
+void PlainPlayer::Paste(views::Control& control, const std::string& text) {
+    views::Guard([&] { dynamic_cast<views::TextPart&>(control).Edited(text, text.size()); });
+}
+
+void PlainPlayer::ClickCell(views::Grid& grid, int row, int column, bool twice) {
+    views::Guard([&] { twice ? grid.DoubleClickCell(row, column) : grid.ClickCell(row, column); });
+}
+
+}  // namespace test
