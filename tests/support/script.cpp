@@ -398,9 +398,12 @@ views::Answer Player::Answer(const views::Message& message) {
     const string folder = drives_->Folder().string();
     if (const auto at = text.find(folder); at != text.npos)
         text.replace(at, folder.size(), "<drives>");
-    said_.push_back("box" + string(kButtons[static_cast<int>(message.buttons)]) +
-                    kIcons[static_cast<int>(message.icon)] + " \"" + message.title + "\" \"" +
-                    text + "\"");
+    const string box = "box" + string(kButtons[static_cast<int>(message.buttons)]) +
+                       kIcons[static_cast<int>(message.icon)] + " \"" + message.title + "\" \"" +
+                       text + "\"";
+    // What was said before in this script need not be read again.
+    const bool again = !boxes_.insert(box).second;
+    said_.push_back(again ? "box again \"" + message.title + "\"" : box);
     if (message.buttons == views::Buttons::kOk) return views::Answer::kOk;
     if (answers_.empty()) {
         ADD_FAILURE() << "nobody answers " << said_.back();

@@ -28,6 +28,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -87,6 +88,7 @@ class Player : private views::Printer {
     std::map<const views::Form*, Facts> shown_;
     std::map<std::string, std::string> files_;
     std::vector<std::string> said_;
+    std::set<std::string> boxes_;
     std::deque<views::Answer> answers_;
 };
 
