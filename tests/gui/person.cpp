@@ -5,6 +5,7 @@
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/combobox.h>
+#include <wx/dialog.h>
 #include <wx/grid.h>
 #include <wx/listbox.h>
 #include <wx/modalhook.h>
@@ -65,8 +66,9 @@ class BoxAnswer : public wxModalDialogHook, public wxTimer {
     }
 
   protected:
-    int Enter(wxDialog*) override {
+    int Enter(wxDialog* dialog) override {
         waited_.Start();
+        dialog_ = dialog;
         Start(100);
         return wxID_NONE;
     }
@@ -81,6 +83,13 @@ class BoxAnswer : public wxModalDialogHook, public wxTimer {
         if (box_ != nullptr && now != box_) return End();
         // Once: pressed twice, the second one would answer the box that comes next.
         if (now == nullptr || std::exchange(box_, now) == now) return;
+#else
+        // A second press would go to the window below, unless the first one came too early.
+        const wxWindow* focus = wxWindow::FindFocus();
+        const bool ready =
+            focus != nullptr && wxGetTopLevelParent(const_cast<wxWindow*>(focus)) == dialog_;
+        if (!ready || waited_.Time() < nextPress_) return;
+        nextPress_ = waited_.Time() + 2000;
 #endif
         wxUIActionSimulator().Char(key_);
     }
@@ -94,6 +103,8 @@ class BoxAnswer : public wxModalDialogHook, public wxTimer {
 
     int key_;
     wxStopWatch waited_;
+    const wxDialog* dialog_ = nullptr;
+    long nextPress_ = 0;
 #ifdef _WIN32
     HWND box_ = nullptr;
 #endif

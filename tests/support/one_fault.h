@@ -18,9 +18,15 @@ struct Fault {
         kKilled,     // done, and the last thing that the program does
         kOvertaken,  // another program does something in front of it
     };
-    const char* name;
     How how;
     int error = 0;  // the platform's code
+
+    std::string Name() const {
+        static const char* const kNames[] = {
+            "refused",  "done, but reported as failed", "half", "none", "lied", "killed",
+            "overtaken"};
+        return std::string(kNames[how]) + " with error " + std::to_string(error);
+    }
 };
 
 // The kinds that the platform has and that can be brought about on it.

@@ -114,24 +114,12 @@ void InstallHook(const char* name, Function) {
 
 void InstallAll() {
 #define HOOK(function, ...) InstallHook<__COUNTER__, __VA_ARGS__>(#function, &function)
-    HOOK(CreateFileW, -1);
-    HOOK(GetFileAttributesW, -1);
-    HOOK(GetFileAttributesExW, 0);
-    HOOK(GetFileInformationByHandle, 0);
-    HOOK(GetFileSizeEx, 0);
-    HOOK(FlushFileBuffers, 0);
-    HOOK(GetVolumeInformationByHandleW, 0);
-    HOOK(GetFileSecurityW, 0);
-    HOOK(SetFileSecurityW, 0);
-    HOOK(MoveFileExW, 0);
-    HOOK(DeleteFileW, 0);
-    HOOK(CreateDirectoryW, 0);
-    HOOK(RemoveDirectoryW, 0);
-    HOOK(FindFirstFileW, -1);
-    HOOK(FindNextFileW, 0);
-    HOOK(CreateMutexW, 0);
-    HOOK(OpenProcessToken, 0);
-    HOOK(CloseHandle, 0, true);
+    HOOK(CreateFileW, -1), HOOK(GetFileAttributesW, -1), HOOK(FindFirstFileW, -1);
+    HOOK(GetFileAttributesExW, 0), HOOK(GetFileInformationByHandle, 0), HOOK(GetFileSizeEx, 0);
+    HOOK(FlushFileBuffers, 0), HOOK(GetVolumeInformationByHandleW, 0), HOOK(MoveFileExW, 0);
+    HOOK(GetFileSecurityW, 0), HOOK(SetFileSecurityW, 0), HOOK(DeleteFileW, 0);
+    HOOK(CreateDirectoryW, 0), HOOK(RemoveDirectoryW, 0), HOOK(FindNextFileW, 0);
+    HOOK(CreateMutexW, 0), HOOK(OpenProcessToken, 0), HOOK(CloseHandle, 0, true);
 #undef HOOK
     Install<Transfer<true, const void*>>("WriteFile");
     Install<Transfer<false, void*>>("ReadFile");
@@ -140,17 +128,14 @@ void InstallAll() {
 }  // namespace
 
 const std::vector<Fault>& Faults() {
-    static const std::vector<Fault> faults = {
-        {"I/O error", Fault::kRefused, ERROR_IO_DEVICE},
-        {"disk full", Fault::kRefused, ERROR_DISK_FULL},
-        {"access denied", Fault::kRefused, ERROR_ACCESS_DENIED},
-        {"share lost", Fault::kRefused, ERROR_NETNAME_DELETED},
-        {"too many open", Fault::kRefused, ERROR_TOO_MANY_OPEN_FILES},
-        {"done, I/O error", Fault::kDone, ERROR_IO_DEVICE},
-        {"half", Fault::kHalf},
-        {"none", Fault::kNone},
-        {"lied", Fault::kLied},
-    };
+    static std::vector<Fault> faults;
+    if (!faults.empty()) return faults;
+    for (const int error : {ERROR_IO_DEVICE, ERROR_DISK_FULL, ERROR_ACCESS_DENIED,
+                            ERROR_NETNAME_DELETED, ERROR_TOO_MANY_OPEN_FILES}) {
+        faults.push_back({Fault::kRefused, error});
+    }
+    for (const auto how : {Fault::kHalf, Fault::kNone, Fault::kLied}) faults.push_back({how});
+    faults.push_back({Fault::kDone, ERROR_IO_DEVICE});
     return faults;
 }
 

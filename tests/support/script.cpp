@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ctime>
 #include <filesystem>
 #include <memory>
 #include <sstream>
 
 #include "app/sys_man.h"
+#include "platform/date_forms.h"
 #include "tests/support/fresh_system.h"
+#include "text/code_page.h"
 #include "text/strings.h"
 #include "views/application.h"
 #include "views/basic_controls.h"
@@ -160,7 +163,7 @@ std::vector<std::pair<string, string>> FactsOf(const views::Form& form, bool ope
             const auto* combo = dynamic_cast<const views::ComboBox*>(control);
             add("", name + " " +
                         (combo ? Quoted(*combo, combo->HasFocus())
-                               : "\"" + list->SelectedText() + "\""));
+                               : "\"" + Visible(list->SelectedText()) + "\""));
         } else if (const auto* grid = dynamic_cast<const views::Grid*>(control)) {
             for (int row = 0; row < grid->Rows(); ++row) {
                 std::vector<string> texts;
@@ -229,8 +232,11 @@ void Player::Play(const TempDrives& drives, std::string_view script) {
     for (const string& line : Split(script, '\n')) {
         if (line.empty()) continue;
         const auto arrow = line.find("->");
-        const string changes(text::Trim(line.substr(std::min(arrow + 2, line.size()))));
-        if (arrow == 0 && !lines_.empty()) {
+        const string changes(arrow == line.npos ? "" : text::Trim(line.substr(arrow + 2)));
+        if (!lines_.empty() && lines_.back().deeds.ends_with(',')) {
+            lines_.back().deeds += " " + string(text::Trim(line.substr(0, arrow)));
+            lines_.back().changes = changes;
+        } else if (arrow == 0 && !lines_.empty()) {
             lines_.back().changes += " " + changes;
         } else {
             lines_.push_back({string(text::Trim(line.substr(0, arrow))), changes});
@@ -246,7 +252,9 @@ void Player::Play(const TempDrives& drives, std::string_view script) {
     unchecked_ = true;
     ChangesOnDrives();
     app::SysMan window;
+    views::Printer* const printer = views::InstallPrinter(this);
     views::Guard([&] { Start(window); });
+    views::InstallPrinter(printer);
     if (unchecked_) Check(nullptr);
     EXPECT_EQ(next_, lines_.size())
         << "no window is open for: " << lines_[std::min(next_, lines_.size() - 1)].deeds;
@@ -386,9 +394,16 @@ string Player::ChangesIn(const views::Form& form) {
 views::Answer Player::Answer(const views::Message& message) {
     static const char* const kButtons[] = {"", " OK/Cancel", " Yes/No"};
     static const char* const kIcons[] = {" none", "", " question", " information", " critical"};
-    said_.push_back("box" + string(kButtons[static_cast<int>(message.buttons)]) +
-                    kIcons[static_cast<int>(message.icon)] + " \"" + message.title + "\" \"" +
-                    Visible(message.text) + "\"");
+    string text = Visible(message.text);
+    const string folder = drives_->Folder().string();
+    if (const auto at = text.find(folder); at != text.npos)
+        text.replace(at, folder.size(), "<drives>");
+    const string box = "box" + string(kButtons[static_cast<int>(message.buttons)]) +
+                       kIcons[static_cast<int>(message.icon)] + " \"" + message.title + "\" \"" +
+                       text + "\"";
+    // What was said before in this script need not be read again.
+    const bool again = !boxes_.insert(box).second;
+    said_.push_back(again ? "box again \"" + message.title + "\"" : box);
     if (message.buttons == views::Buttons::kOk) return views::Answer::kOk;
     if (answers_.empty()) {
         ADD_FAILURE() << "nobody answers " << said_.back();
@@ -400,18 +415,34 @@ views::Answer Player::Answer(const views::Message& message) {
     return answer;
 }
 
+// Of this day and of files that were written in it.
+void Player::Send(const std::vector<Page>& pages) {
+    const std::time_t now = std::time(nullptr);
+    const string today = platform::DateForms().ShortDate(*std::localtime(&now));
+    for (const Page& page : pages) {
+        std::vector<string> lines;
+        for (string line : page) {
+            const auto date = line.find(today);
+            if (date != line.npos) line.replace(date, line.size(), "<today>");
+            lines.push_back(Visible(line));
+        }
+        said_.push_back("paper: " + Join(lines, " / "));
+    }
+}
+
 string Player::ChangesOnDrives() {
     std::map<string, string> now;
     for (const auto& entry : fs::recursive_directory_iterator(drives_->Folder())) {
-        const fs::path relative = fs::relative(entry.path(), drives_->Folder());
-        string path = relative.generic_string();
+        const auto utf8 = entry.path().lexically_relative(drives_->Folder()).generic_u8string();
+        const string name(utf8.begin(), utf8.end());
+        string path = text::FromUtf8(name).value_or(name);
         path.insert(1, ":");
         std::replace(path.begin(), path.end(), '/', '\\');
         now[path] = entry.is_directory() ? "\\" : drives_->Read(path);
     }
     std::vector<string> changes;
     for (const auto& [path, bytes] : files_) {
-        if (!now.contains(path)) changes.push_back(path + " gone");
+        if (!now.contains(path)) changes.push_back(Visible(path) + " gone");
     }
     for (const auto& [path, bytes] : now) {
         const auto before = files_.find(path);
@@ -419,7 +450,7 @@ string Player::ChangesOnDrives() {
         const string lines = bytes == "\\"
                                  ? "made"
                                  : LineChanges(before == files_.end() ? "" : before->second, bytes);
-        changes.push_back(path + " " + lines);
+        changes.push_back(Visible(path) + " " + lines);
     }
     files_ = std::move(now);
     return Join(changes);

@@ -28,6 +28,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,6 +36,7 @@
 #include "tests/support/temp_drives.h"
 #include "views/form.h"
 #include "views/grid.h"
+#include "views/printer.h"
 #include "views/screen.h"
 
 namespace test {
@@ -43,9 +45,8 @@ namespace test {
 void Play(const TempDrives& drives, std::string_view script);
 
 // Who plays it: core_tests by events of the plain controls, gui_tests by a real keyboard and mouse.
-class Player {
+class Player : private views::Printer {
   public:
-    virtual ~Player() = default;
     void Play(const TempDrives& drives, std::string_view script);
 
   protected:
@@ -72,6 +73,8 @@ class Player {
 
     void Do(views::Form& form, const std::string& deed);
     bool DoOnDisk(const std::string& deed);
+    void Send(const std::vector<Page>& pages) override;
+    void ShowSetup() override { said_.push_back("printer set-up"); }
     void DoInWindow(views::Form& form, const std::string& verb, std::vector<std::string> words);
     void Check(const views::Form* form);
     std::string ChangesIn(const views::Form& form);
@@ -85,6 +88,7 @@ class Player {
     std::map<const views::Form*, Facts> shown_;
     std::map<std::string, std::string> files_;
     std::vector<std::string> said_;
+    std::set<std::string> boxes_;
     std::deque<views::Answer> answers_;
 };
 

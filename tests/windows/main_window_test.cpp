@@ -1,0 +1,371 @@
+// The main window: start-up, the list of directories, deleting, and the drive kept for the next
+// start.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#ifdef _WIN32
+#include <windows.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "tests/support/environment.h"
+#endif
+
+#include "platform/single_instance.h"
+#include "tests/support/workshop.h"
+
+namespace {
+
+using test::Play;
+
+TEST(MainWindow, ListsTheDirectoriesOfAKind) {
+    Play(R"#(
+        write c:\tolvarin\USER\PROD\ Notes.TXT 'x' -> "Quarvel System Manager - 2.03"; drvList "c:"
+            -> optDesign on; lstDirectory {plates}; lstDirectory ""; (cmdMaterial); (cmdDelete)
+            -> (cmdPrint); focus lstDirectory
+        choose lstDirectory plates -> lstDirectory "plates"; cmdDelete; cmdPrint
+        click optProduction -> optProduction on; lstDirectory {notes.txt; p10}; lstDirectory ""
+            -> (cmdDelete); (cmdPrint); focus optProduction; gone optDesign on
+        choose lstDirectory p10 -> lstDirectory "p10"; cmdMaterial; cmdDelete; cmdPrint
+            -> focus lstDirectory
+        Alt+P, Home -> lstDirectory "notes.txt"
+        'p' -> lstDirectory "p10"
+        click optProduction -> focus optProduction
+        close -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=c:
+            -> ended 0
+    )#");
+}
+
+TEST(MainWindow, ADriveWithoutDataIsOffered) {
+    Play(R"#(
+        no, choose drvList d: -> focus drvList
+            -> box Yes/No "Quarvel System Manager" "No Nest data on d:\nWould you like to make d: a
+            -> Nest data drive?"
+        click optProduction, yes, choose drvList d: -> drvList "d:"; optProduction on
+            -> lstDirectory {}; gone optDesign on
+            -> box Yes/No "Quarvel System Manager" "No Nest data on d:\nWould you like to make d: a
+            -> Nest data drive?"; d:\tolvarin made; d:\tolvarin\USER made
+            -> d:\tolvarin\USER\DESIGN made; d:\tolvarin\USER\PROD made
+        no, remove d:\tolvarin\USER, click optDesign -> drvList "c:"; optDesign on
+            -> lstDirectory {plates}; focus optDesign; gone optProduction on
+            -> box Yes/No "Quarvel System Manager" "No Nest data on d:\nWould you like to make d: a
+            -> Nest data drive?"
+        yes, choose drvList d: -> box Yes/No "Quarvel System Manager" "No Nest data on d:\nWould you
+            -> like to make d: a Nest data drive?"
+            -> box critical "Quarvel System Manager" "d:\tolvarin: exists already"
+            -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=d:
+            -> ended 1
+    )#");
+}
+
+TEST(MainWindow, StartsAsItIsConfigured) {
+    Play(R"#(
+        write c:\WINDOWS\NestCfg32.INI '[System]\r\nNestRootDir= \Plant A \r\nNestHomeDrive=d:\\r\n',
+        write d:\plant a\SYSTEM\nest.ini '[userinfo]\nusernumber=123\n',
+        write d:\plant a\network\USER12\nestuser.ini '; kept\n[SystemManager]\nCurrentSysManDrive=C:\n',
+        write c:\plant a\user\design\Job\x 'x'
+            -> "Quarvel System Manager - 2.03"; drvList "c:"; optDesign on; lstDirectory {job}
+            -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus lstDirectory
+        no, choose drvList d: -> drvList "d:"; lstDirectory {}; focus drvList
+            -> box Yes/No "Quarvel System Manager" "No Nest data on d:\nWould you like to make d: a
+            -> Nest data drive?"
+        close -> d:\plant a\network\USER12\nestuser.ini -CurrentSysManDrive=C:\n
+            -> +CurrentSysManDrive=d:\n; ended 0
+    )#");
+}
+
+TEST(MainWindow, DeletesADirectoryAfterTwoQuestions) {
+    Play(R"#(
+        write c:\tolvarin\USER\PROD\P10\TAPE\a.tap 'x' -> ...
+        click cmdDelete, click optProduction, choose lstDirectory p10, no, click cmdDelete ->
+            -> optProduction on; lstDirectory {p10}; lstDirectory "p10"; cmdMaterial; cmdDelete
+            -> cmdPrint; focus cmdDelete; gone optDesign on
+            -> box Yes/No question "Quarvel System Manager" "Are you sure you want to delete the p10
+            -> directory?"
+        yes, no, click cmdDelete -> box Yes/No question "Quarvel System Manager" "Are you sure you
+            -> want to delete the p10 directory?"
+            -> box Yes/No question "Quarvel System Manager" "Are you REALLY sure you want to delete
+            -> the p10 directory?\n(This is pretty serious!)"
+        yes, yes, click cmdDelete -> lstDirectory {}; lstDirectory ""; (cmdMaterial); (cmdDelete)
+            -> (cmdPrint); focus cmdBackup
+            -> box Yes/No question "Quarvel System Manager" "Are you sure you want to delete the p10
+            -> directory?"
+            -> box Yes/No question "Quarvel System Manager" "Are you REALLY sure you want to delete
+            -> the p10 directory?\n(This is pretty serious!)"; c:\tolvarin\USER\PROD\P10 gone
+            -> c:\tolvarin\USER\PROD\P10\COMP gone; c:\tolvarin\USER\PROD\P10\GROUP gone
+            -> c:\tolvarin\USER\PROD\P10\MATERIAL.DAT gone; c:\tolvarin\USER\PROD\P10\NEST gone
+            -> c:\tolvarin\USER\PROD\P10\TAPE gone; c:\tolvarin\USER\PROD\P10\TAPE\a.tap gone
+        click optDesign, write c:\tolvarin\USER\DESIGN\PLATES\COMP\b 'x' -> optDesign on
+            -> lstDirectory {plates}; focus optDesign; gone optProduction on
+        choose lstDirectory plates, yes, yes, click cmdDelete -> focus cmdBackup
+            -> box Yes/No question "Quarvel System Manager" "Are you sure you want to delete the
+            -> plates directory?"
+            -> box Yes/No question "Quarvel System Manager" "Are you REALLY sure you want to delete
+            -> the plates directory?\n(This is pretty serious!)"
+            -> c:\tolvarin\USER\DESIGN\PLATES\GEOMETRY gone
+            -> c:\tolvarin\USER\DESIGN\PLATES\GEOMETRY\A.DSN gone
+    )#");
+    Play(R"#(
+        write c:\tolvarin\USER\PROD\JOB\TAPE\a 'x', write c:\tolvarin\USER\PROD\JOB\NEST\a 'x',
+        write c:\tolvarin\USER\PROD\JOB\COMP\nested\a 'x', protect c:\tolvarin\USER\PROD\JOB\TAPE\a -> ...
+        click optProduction, choose lstDirectory job, yes, yes, click cmdDelete -> optProduction on
+            -> lstDirectory {job; p10}; focus cmdBackup; gone optDesign on
+            -> box Yes/No question "Quarvel System Manager" "Are you sure you want to delete the job
+            -> directory?"
+            -> box Yes/No question "Quarvel System Manager" "Are you REALLY sure you want to delete
+            -> the job directory?\n(This is pretty serious!)"; c:\tolvarin\USER\PROD\JOB\NEST gone
+            -> c:\tolvarin\USER\PROD\JOB\NEST\a gone
+    )#");
+}
+
+TEST(MainWindow, CannotLoadAList) {
+    Play(R"#(
+        remove c:\tolvarin\system\process.dat -> ...
+        click cmdSysDefaults -> focus cmdSysDefaults; beep
+            -> box "Error in Loading" "File c:\tolvarin\system\process.dat is not found"; beep
+            -> box "Error in Loading" "Problem During Loading files\rCan not start Material List
+            -> Edit"
+        write c:\tolvarin\system\process.dat '[Processes]\r\n{1-21:Process#=P#\r\n}' -> ...
+        click cmdSysDefaults -> box critical "Quarvel System Manager" "PROCESS.DAT lists more than
+            -> 20 processes"; c:\tolvarin\network\user1\nestuser.ini +[SystemManager]
+            -> +CurrentSysManDrive=c:; ended 1
+    )#");
+    Play(R"#(
+        remove c:\tolvarin\system\mattypes.dat -> ...
+        click cmdSysDefaults -> focus cmdSysDefaults; beep
+            -> box "Error in Loading" "File c:\tolvarin\system\mattypes.dat is not found"; beep
+            -> box "Error in Loading" "Problem During Loading files\rCan not start Material List
+            -> Edit"
+    )#");
+}
+
+TEST(MainWindow, EndsWhenADriveCannotBeUsed) {
+    Play(R"#(
+ -> ...
+        no, remove d:, click optDesign, choose drvList d: -> focus drvList
+            -> box Yes/No "Quarvel System Manager" "No Nest data on d:\nWould you like to make d: a
+            -> Nest data drive?"
+    )#");
+    Play(R"#(
+        remove c:, remove d: -> box critical "Quarvel System Manager" "There is no drive. Drives are
+            -> the entries a to z of the folder <drives>."; ended 1
+    )#");
+}
+
+TEST(MainWindow, MakesADirectory) {
+    Play(R"#(
+        click cmdCreate -> "Create Quarvel Directory"; txtDirName ""; focus txtDirName
+        '  ', Enter -> focus cmdOK
+        focus txtDirName, ' a*b ', Enter -> txtDirName "[a*b]"; focus txtDirName; beep
+            -> box information "Quarvel System Manager" "The directory name is invalid."
+        'c:', Enter -> txtDirName "[c:]"; beep
+            -> box information "Quarvel System Manager" "The directory name is invalid."
+        'a,b', Enter -> txtDirName "[a,b]"; beep
+            -> box information "Quarvel System Manager" "The directory name is invalid."
+        'a\\b', Enter -> txtDirName "[a\\b]"; beep
+            -> box information "Quarvel System Manager" "The directory name is invalid."
+        '{1-51:x}', Enter -> txtDirName "[xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx]"
+            -> beep; box information "Quarvel System Manager" "The directory name is invalid."
+        'Plates', Enter -> txtDirName "Plates"; focus cmdOK
+            -> box "Quarvel System Manager" "The directory Plates already exists"
+        focus txtDirName, 'con', Enter -> txtDirName "con"
+            -> box "Quarvel System Manager" "The directory con already exists"
+        focus txtDirName, 'end.', Enter -> txtDirName "end."
+            -> box "Quarvel System Manager" "The directory end. already exists"
+        focus txtDirName, ' Job \xDC.b ', Enter -> lstDirectory {job \xFC.b; plates}
+            -> lstDirectory "job \xFC.b"; cmdDelete; cmdPrint; focus cmdCreate
+            -> c:\tolvarin\USER\DESIGN\Job \xDC.b made
+            -> c:\tolvarin\USER\DESIGN\Job \xDC.b\GEOMETRY made
+        click cmdCreate, 'no', Esc ->
+        click cmdCreate, '{1-50:x}', click cmdOK -> lstDirectory {job \xFC.b; plates
+            -> xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx}
+            -> lstDirectory "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
+            -> c:\tolvarin\USER\DESIGN\xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx made
+            -> c:\tolvarin\USER\DESIGN\xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx\GEOMETRY
+            -> made
+    )#");
+}
+
+TEST(MainWindow, MakesAProductionDirectoryWithTheDefaultList) {
+    Play(R"#(
+        click optProduction, click cmdCreate, 'P6', Enter -> "Enter Thickness  for p6 Directory"
+            -> txtInitThickness "[6]"; focus txtInitThickness; c:\tolvarin\USER\PROD\P6 made
+            -> c:\tolvarin\USER\PROD\P6\COMP made; c:\tolvarin\USER\PROD\P6\GROUP made
+            -> c:\tolvarin\USER\PROD\P6\MATERIAL.DAT +; MATERIAL.DAT; +; Defaults Material Database
+            -> +; Used for creating new directories; +\r; +[Mat1]; +Type=MS; +Thickness=mm
+            -> +Process=Plasma; +\r; +[Mat2]; +Type=SS304; +Thickness=mm; +Process=Oxy Fuel
+            -> c:\tolvarin\USER\PROD\P6\NEST made; c:\tolvarin\USER\PROD\P6\TAPE made
+        close -> "Edit c:\tolvarin\user\prod\p6\material.dat List"
+            -> row 0: Index | Material Type Code | Process Name | Thickness (mm)
+            -> row 1: 1 | MS | Plasma | 0; row 2: 2 | SS304 | Oxy Fuel | 0; at 1 1; marked
+            -> cboEditDataType {MS; SS304}; cboEditDataType "MS"; no cboEditDataProcess
+            -> cboEditDataProcess {Plasma; Oxy Fuel}; cboEditDataProcess ""; no txtSpinText
+            -> txtSpinText ""; no spinButton; (cmdCopy); (cmdPaste); (cmdDelete)
+            -> chkAllowKerfCompensated on; chkNestClearanceCheck off; chkTracePlate off
+            -> chkPrePierceEnabled off; (txtMinPlateThickness); txtMinPlateThickness "0.5"
+            -> focus grdMaterialList
+        close -> optProduction on; lstDirectory {p10; p6}; lstDirectory "p6"; cmdMaterial
+            -> cmdDelete; cmdPrint; focus cmdCreate; gone optDesign on
+    )#");
+}
+
+TEST(MainWindow, PrintsListings) {
+    Play(R"#(
+        write c:\tolvarin\USER\DESIGN\PLATES\GEOMETRY\b.dsn '{1-1000000:x}' -> ...
+        choose lstDirectory plates, click cmdPrint -> "Print Directory Data"; optAllDir on
+            -> (chkComp); chkComp off; (chkGroups); chkGroups off; (chkNest); chkNest off
+            -> (chkTape); chkTape off; focus optAllDir
+        click cmdSetup -> focus cmdSetup; printer set-up
+        click cmdOK -> lstDirectory "plates"; cmdDelete; cmdPrint; focus cmdPrint
+            -> paper: Quarvel for Windows by Halcor.<11>Date <today> / Design Data / plates
+            -> directory / Designs / A.DSN<50>1   <today> / b.dsn<45>000000   <today>
+        click optProduction, choose lstDirectory p10, click cmdPrint -> "Print Directory Data"
+            -> optAllDir on; chkComp on; chkGroups on; chkNest on; chkTape on; focus optAllDir
+        click chkComp, click chkGroups, click optSelDir, click cmdOK -> optProduction on
+            -> lstDirectory {p10}; lstDirectory "p10"; cmdMaterial; gone optDesign on
+            -> paper: Quarvel for Windows by Halcor.<11>Date <today> / Production Data / p10
+            -> directory / Nests / <No files> / Tapes / <No files>
+        click cmdPrint, Esc ->
+    )#");
+}
+
+TEST(MainWindow, RefusesASecondInstance) {
+    const test::Workshop workshop;
+    const platform::SingleInstance other;
+    test::Play(workshop, R"#(
+        -> box "Quarvel System Manager" "Quarvel System Manager is already running"; ended 0
+    )#");
+}
+
+#ifndef _WIN32  // there with reasons in other words, and an interpreter for batch files
+
+TEST(MainWindow, EndsWithoutADefaultList) {
+    Play(R"#(
+        remove c:\tolvarin\system\material.dat -> ...
+        click optProduction, click cmdCreate, 'P8', Enter -> box critical "Quarvel System Manager"
+            -> "c:\tolvarin\SYSTEM\MATERIAL.DAT: No such file or directory"
+            -> c:\tolvarin\USER\PROD\P8 made; c:\tolvarin\USER\PROD\P8\COMP made
+            -> c:\tolvarin\USER\PROD\P8\GROUP made; c:\tolvarin\USER\PROD\P8\NEST made
+            -> c:\tolvarin\USER\PROD\P8\TAPE made
+            -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=c:
+            -> ended 1
+    )#");
+}
+
+TEST(MainWindow, BacksUpToADisk) {
+    Play(R"#(
+        ok, cancel, click cmdBackup -> focus cmdBackup
+            -> box OK/Cancel none "Quarvel System Manager" "Please insert a floppy disk"
+            -> box OK/Cancel none "Quarvel System Manager" "Please insert a floppy disk"
+        write a:\x '', click cmdBackup -> "Quarvel Backup"; optAllDirectories on; (optSelectedDir)
+            -> drvDest "a:"; focus optAllDirectories
+        Enter -> focus cmdOK
+            -> box information "Quarvel System Manager" "The batch file
+            -> c:\tolvarin\SYSTEM\QVBACKUP.BAT was written.\nIt was not started: this computer has
+            -> no command interpreter for it."; c:\tolvarin\system\QVBACKUP.BAT +@echo off
+            -> +echo Backing Up Design Data to a:; +backup c:\tolvarin\USER\DESIGN\*.* a: /s; +pause
+        click optAllData, choose drvDest d:, click cmdOK -> optAllData on; drvDest "d:"
+            -> gone optAllDirectories on
+            -> box information "Quarvel System Manager" "The batch file
+            -> c:\tolvarin\SYSTEM\QVBACKUP.BAT was written.\nIt was not started: this computer has
+            -> no command interpreter for it."
+            -> c:\tolvarin\system\QVBACKUP.BAT -echo Backing Up Design Data to a:
+            -> -backup c:\tolvarin\USER\DESIGN\*.* a: /s; +echo Backing Up All Data to d:
+            -> +backup c:\tolvarin\USER\*.* d: /s
+        click cmdCancel ->
+        click optProduction, choose lstDirectory p10, click cmdBackup -> "Quarvel Backup"
+            -> optSelectedDir on; drvDest "a:"; focus optSelectedDir
+        click cmdOK -> focus cmdOK
+            -> box information "Quarvel System Manager" "The batch file
+            -> c:\tolvarin\SYSTEM\QVBACKUP.BAT was written.\nIt was not started: this computer has
+            -> no command interpreter for it."
+            -> c:\tolvarin\system\QVBACKUP.BAT -echo Backing Up All Data to d:
+            -> -backup c:\tolvarin\USER\*.* d: /s; +echo Backing Up p10 to a:
+            -> +backup c:\tolvarin\USER\PROD\p10\*.* a: /s
+        Esc, write c:\tolvarin\USER\PROD\a&b\x '', click optDesign, click optProduction -> ...
+        choose lstDirectory a&b, click cmdBackup, click cmdOK -> "Quarvel Backup"
+            -> optSelectedDir on; drvDest "a:"; focus cmdOK
+            -> box "Quarvel System Manager" "The batch file c:\tolvarin\SYSTEM\QVBACKUP.BAT was
+            -> written.\nIt was not started: the path c:\tolvarin\USER\PROD\a&b\*.* has a character
+            -> that the command interpreter would act on."
+            -> c:\tolvarin\system\QVBACKUP.BAT -echo Backing Up p10 to a:
+            -> -backup c:\tolvarin\USER\PROD\p10\*.* a: /s; +echo Backing Up a&b to a:
+            -> +backup c:\tolvarin\USER\PROD\a&b\*.* a: /s
+        protect c:\tolvarin\system\QVBACKUP.BAT, click optAllData, click cmdOK -> box critical
+            -> "Quarvel System Manager" "c:\tolvarin\SYSTEM\QVBACKUP.BAT: is read-only"
+            -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=c:
+            -> ended 1
+    )#");
+}
+
+// Names that Windows does not have, or not side by side.
+TEST(MainWindow, KeepsApartWhatDiffersInCaseOnly) {
+    const test::Workshop workshop;
+    const auto folder = workshop.Path("c:\\tolvarin\\USER\\PROD");
+    std::filesystem::create_directory(folder / "a\\b");
+    std::filesystem::create_directory_symlink("P10", folder / "link");
+    test::Play(workshop, R"#(
+        write c:\tolvarin\USER\PROD\job\COMP\lower 'x', write c:\tolvarin\USER\PROD\JOB\COMP\UPPER '',
+        write c:\tolvarin\USER\PROD\ JOB\x '' -> ...
+        click optProduction -> optProduction on; lstDirectory {job; job; job; link; p10}
+            -> focus optProduction; gone optDesign on
+        choose lstDirectory job, click cmdPrint, click chkGroups, click chkNest, click chkTape -> ...
+        click cmdOK -> lstDirectory "job"; cmdMaterial; cmdDelete; cmdPrint; focus cmdPrint
+            -> paper: Quarvel for Windows by Halcor.<11>Date <today> / Production Data / job
+            -> directory / Components / <No files>
+            -> paper: Quarvel for Windows by Halcor.<11>Date <today> / Production Data / job
+            -> directory / Components / UPPER<50>0   <today>
+            -> paper: Quarvel for Windows by Halcor.<11>Date <today> / Production Data / job
+            -> directory / Components / lower<50>1   <today>
+            -> paper: Quarvel for Windows by Halcor.<11>Date <today> / Production Data / link
+            -> directory / Components / <No files>
+            -> paper: Quarvel for Windows by Halcor.<11>Date <today> / Production Data / p10
+            -> directory / Components / <No files>
+        yes, yes, click cmdDelete -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint)
+            -> focus cmdBackup
+            -> box Yes/No question "Quarvel System Manager" "Are you sure you want to delete the job
+            -> directory?"
+            -> box Yes/No question "Quarvel System Manager" "Are you REALLY sure you want to delete
+            -> the job directory?\n(This is pretty serious!)"
+        choose lstDirectory link, yes, yes, click cmdDelete -> box Yes/No question "Quarvel System
+            -> Manager" "Are you sure you want to delete the link directory?"
+            -> box Yes/No question "Quarvel System Manager" "Are you REALLY sure you want to delete
+            -> the link directory?\n(This is pretty serious!)"
+    )#");
+}
+
+#else
+
+// The command interpreter of the system runs the batch file and finds this `backup` in the path.
+TEST(MainWindow, StartsTheBackupCommand) {
+    const test::Workshop workshop;
+    const std::string record = workshop.Folder().string() + ".txt";
+    workshop.Write("d:\\bin\\backup.bat", "@echo %CD% %PATH% %*>\"" + record + "\"\r\n");
+    workshop.MakeDir("a:");
+    const char* path = std::getenv("PATH");
+    const test::Environment search(
+        "PATH", workshop.Path("d:\\bin").string() + ";" + (path != nullptr ? path : ""));
+    test::Play(workshop, R"#(
+        click optProduction, choose lstDirectory p10, click cmdBackup -> ...
+        click cmdOK -> ...
+    )#");
+    std::string said;
+    for (int tries = 0; tries < 300 && said.empty(); ++tries) {
+        Sleep(100);
+        std::ifstream file(record, std::ios::binary);
+        said.assign(std::istreambuf_iterator<char>(file), {});
+    }
+    // It works beside its batch file, and the program's own folder comes first in the path.
+    wchar_t program[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    const auto own = std::filesystem::path(program).parent_path().string();
+    EXPECT_NE(said.find("\\SYSTEM " + own + ";"), said.npos) << said;
+    EXPECT_TRUE(said.ends_with(" c:\\tolvarin\\USER\\PROD\\p10\\*.* a: /s\r\n")) << said;
+    std::filesystem::remove(record);
+}
+
+#endif
+
+}  // namespace
