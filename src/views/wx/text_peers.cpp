@@ -13,6 +13,10 @@
 #include "views/wx/convert.h"
 #include "views/wx/peer.h"
 
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
 namespace views::wx {
 namespace {
 
@@ -133,6 +137,12 @@ class ComboPeer : public TextPeer {
         if (plain.widthHint > 0) {
             real->SetMinSize(real->GetSizeFromTextSize(DigitsWidth(real, plain.widthHint + 1)));
         }
+#ifdef __WXGTK__
+        // Its arrow takes the focus when it is pressed, and the toolkit tells nothing of that.
+        g_signal_connect(real->GetHandle(), "notify::popup-shown",
+                         G_CALLBACK(+[](GObject*, GParamSpec*, ComboPeer* peer) { peer->Enter(); }),
+                         this);
+#endif
         real_->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent& event) {
             // The text has changed with it; that is no typing.
             BeforeCharacter();
@@ -154,6 +164,13 @@ class ComboPeer : public TextPeer {
     void UpdateAll() override { Update(Aspect::kItems); }
 
   private:
+    void Enter() {
+        // A list that hangs open when the window closes is put away with it.
+        if (!plain_.Owner().IsOpen()) return;
+        Deliver([this] { plain_.SetFocus(); });
+        if (plain_.HasFocus()) real_->SetFocus();
+    }
+
     ComboBox& plain_;
     wxComboBox* real_;
 };

@@ -83,6 +83,8 @@ wxPrintData DataForPrinter(const wxPrintData& data) {
 
 void WxPrinter::Send(const std::vector<Page>& pages) {
     wxPrintDialogData dialogData(DataForPrinter(data_));
+    // Otherwise a newer toolkit takes the first sheet for all of them.
+    dialogData.SetAllPages(true);
     wxPrinter printer(&dialogData);
     Document printout(pages, printer);
     const Reasons reasons;
