@@ -44,28 +44,28 @@ TEST_F(MaterialListWindow, LooksAroundInTheListOfADirectory) {
                    "[Mat1]\nType=MS\nThickness=30\nProcess=plasma\n[Mat2]\nType=XX\nThickness=-5\n"
                    "Process=OXY FUEL\n[Mat3]\nType=YY\nThickness=30\nProcess=Plas\n");
     PlayInP10(R"(
-        click cmdClose -> ...
-        click cmdMaterial -> "Edit c:\tolvarin\user\prod\p10\material.dat List"
-            -> row 0: Index | Material Type Code | Process Name | Thickness (mm)
-            -> row 1: 1 | MS | plasma | 25; row 2: 2 | XX | OXY FUEL | 0; row 3: 3 | YY | Plas | 30
-            -> at 1 1; marked; cboEditDataType {MS; Ss316; SS304; Wear 400}; cboEditDataType "MS"
-            -> no cboEditDataProcess; cboEditDataProcess {Plasma; Oxy Fuel; Water}
-            -> cboEditDataProcess ""; no txtSpinText; txtSpinText ""; no spinButton; (cmdCopy)
-            -> (cmdPaste); (cmdDelete); chkAllowKerfCompensated on; chkNestClearanceCheck off
-            -> chkTracePlate off; chkPrePierceEnabled off; (txtMinPlateThickness)
-            -> txtMinPlateThickness "0.5"; focus grdMaterialList
+        focus cboEditDataType, click cmdClose -> focus cmdMaterial
+        click cmdMaterial -> "Edit c:\tolvarin\user\prod\p10\material.dat List"; row 0: Index |
+            -> Material Type Code | Process Name | Thickness (mm); row 1: 1 | MS | plasma | 25
+            -> row 2: 2 | XX | OXY FUEL | 0; row 3: 3 | YY | Plas | 30; at 1 1; marked
+            -> cboEditDataType {MS; Ss316; SS304; Wear 400}; cboEditDataType "MS"; no
+            -> cboEditDataProcess; cboEditDataProcess {Plasma; Oxy Fuel; Water}; cboEditDataProcess
+            -> ""; no txtSpinText; txtSpinText ""; no spinButton; (cmdCopy); (cmdPaste); (cmdDelete)
+            -> chkAllowKerfCompensated on; chkNestClearanceCheck off; chkTracePlate off
+            -> chkPrePierceEnabled off; (txtMinPlateThickness); txtMinPlateThickness "0.5"; focus
+            -> grdMaterialList
         Tab, Tab, Tab, Enter -> row 1: 1 | MS | Plasma | 25; at 2 3; no cboEditDataType
             -> cboEditDataProcess "plasma"; txtSpinText; txtSpinText "0"; spinButton
-        Shift+Tab, Ctrl+Left, Left, Ctrl+Down, Enter -> row 2: 2 | MS | Oxy Fuel | 0
-            -> row 3: 3 | MS | Plas | 30; at 3 1; cboEditDataType; cboEditDataProcess "OXY FUEL"
-            -> no txtSpinText; no spinButton
-        Ctrl+Right, Ctrl+Up, Up, Down, Left, Ctrl+Left, Ctrl+Home, Ctrl+Space -> at 2 1
-            -> marked row 2; cboEditDataProcess "Oxy Fuel"; cmdCopy; cmdDelete
+        Shift+Tab, Ctrl+Left, Left, Ctrl+Down, Enter -> row 2: 2 | MS | Oxy Fuel | 0; row 3: 3 | MS
+            -> | Plas | 30; at 3 1; cboEditDataType; cboEditDataProcess "OXY FUEL"; no txtSpinText
+            -> no spinButton
+        Ctrl+Right, Ctrl+Up, Up, Down, Left, Ctrl+Left, Ctrl+Home, Ctrl+Space -> at 2 1; marked row
+            -> 2; cboEditDataProcess "Oxy Fuel"; cmdCopy; cmdDelete
         Home -> marked; (cmdCopy); (cmdDelete)
         double 2 0 -> marked row 2; cmdCopy; cmdDelete
         Up -> at 1 1; marked; (cmdCopy); (cmdDelete)
         double 2 1, click 3 0, click 0 2 -> at 3 1
-        focus cboEditDataType, click cmdClose ->
+        End, '7x', Home -> row 3: 3 | MS | Plas | 7x; txtSpinText "7x"
     )");
 }
 
@@ -83,27 +83,26 @@ TEST_F(MaterialListWindow, WhatIsTypedIntoTheGrid) {
         click 2 1, End, '9.5x' -> row 2: 2 | MS | Water | 9.5x; txtSpinText "9.5x"
         click 1 2, PageDown, 'o' -> row 2: 2 | MS | o | 0; at 2 2; cboEditDataProcess
             -> cboEditDataProcess "o"; no txtSpinText; txtSpinText "0"; no spinButton
-        click 1 1, PageDown, End, '99' -> row 2: 2 | MS | Oxy Fuel | 099; at 2 3
-            -> no cboEditDataProcess; txtSpinText; txtSpinText "099"; spinButton
+        click 1 1, PageDown, End, '99' -> row 2: 2 | MS | Oxy Fuel | 099; at 2 3; no
+            -> cboEditDataProcess; txtSpinText; txtSpinText "099"; spinButton
         Up -> row 2: 2 | MS | Oxy Fuel | 99; at 1 3; txtSpinText "0"
     )");
 }
 
 TEST_F(MaterialListWindow, WhatIsTypedIntoOrPickedFromTheBoxes) {
     PlayInP10(R"(
-        focus cboEditDataType -> cboEditDataType "[MS]"; focus cboEditDataType
-        's', Enter -> row 1: 1 | Ss316 | Plasma | 10; at 2 1; cboEditDataType "SS304"
-            -> focus grdMaterialList
+        focus cboEditDataType, 's', Enter -> row 1: 1 | Ss316 | Plasma | 10; at 2 1; cboEditDataType
+            -> "SS304"
         Up, 'ss30', Enter, Up, 'wear 4', Enter -> row 1: 1 | Wear 400 | Plasma | 10
         Up, 'ss316x', Enter -> row 1: 1 | MS | Plasma | 10
-        Up, 's', Enter, Up, Backspace, Enter, Right, focus cboEditDataProcess, 'wa' ->
-            -> row 2: 2 | SS304 | wa | 12.5; at 2 2; no cboEditDataType; cboEditDataProcess
-            -> cboEditDataProcess "wa"; focus cboEditDataProcess
-        Enter, 'o' -> row 2: 2 | SS304 | o | 0; cboEditDataProcess "o"; txtSpinText "0"
-            -> focus grdMaterialList
-        choose cboEditDataProcess Plasma, click 2 1, choose cboEditDataType MS ->
-            -> row 2: 2 | MS | Plasma | 0; at 2 1; cboEditDataType; cboEditDataType "MS"
-            -> no cboEditDataProcess; cboEditDataProcess "Plasma"; focus cboEditDataType
+        Up, 's', Enter, Up, Backspace, Enter, Right, focus cboEditDataProcess, 'wa' -> row 2: 2 |
+            -> SS304 | wa | 12.5; at 2 2; no cboEditDataType; cboEditDataProcess; cboEditDataProcess
+            -> "wa"; focus cboEditDataProcess
+        Enter, 'o' -> row 2: 2 | SS304 | o | 0; cboEditDataProcess "o"; txtSpinText "0"; focus
+            -> grdMaterialList
+        choose cboEditDataProcess Plasma, click 2 1, choose cboEditDataType MS -> row 2: 2 | MS |
+            -> Plasma | 0; at 2 1; cboEditDataType; cboEditDataType "MS"; no cboEditDataProcess
+            -> cboEditDataProcess "Plasma"; focus cboEditDataType
         yes, Alt+C -> focus cmdMaterial; box Yes/No none "Save Material List file" "<9>Save Changes
             -> ?"; c:\tolvarin\USER\PROD\P10\MATERIAL.DAT -Type=SS304; -Thickness=12.5mm
             -> -Process=Oxy Fuel; +Type=MS; +Thickness=0mm; +Process=Plasma
@@ -111,9 +110,7 @@ TEST_F(MaterialListWindow, WhatIsTypedIntoOrPickedFromTheBoxes) {
         click cmdMaterial, click 2 2, focus cboEditDataProcess, no, click cmdClose -> ...
         click cmdMaterial, choose cboEditDataType MS, no, close -> ...
         click cmdMaterial, focus cboEditDataType, Down, no, close -> ...
-        click cmdMaterial, focus cboEditDataType, paste cboEditDataType 'wea', yes, Esc ->
-            -> box Yes/No none "Save Material List file" "<9>Save Changes ?"
-            -> c:\tolvarin\USER\PROD\P10\MATERIAL.DAT -Type=MS; +Type=Wear 400
+        click cmdMaterial, focus cboEditDataType, paste cboEditDataType 'wea', no, Esc -> ...
     )");
 }
 
@@ -121,40 +118,33 @@ TEST_F(MaterialListWindow, ThicknessesAreTypedAndStepped) {
     PlayInP10(R"(
         click 1 3, focus txtSpinText, '30', Shift+Tab -> row 1: 1 | MS | Plasma | 25; at 1 2
             -> no cboEditDataType; cboEditDataProcess; cboEditDataProcess "Plasma"; txtSpinText "25"
-        click 1 3, focus txtSpinText, '.5', Down -> row 1: 1 | MS | Plasma | 0.5; at 2 3
-            -> no cboEditDataProcess; txtSpinText; txtSpinText "12.5"; spinButton
+        click 1 3, focus txtSpinText, '.5', Down -> row 1: 1 | MS | Plasma | 0.5; at 2 3; no
+            -> cboEditDataProcess; txtSpinText; txtSpinText "12.5"; spinButton
         Up, focus txtSpinText, '-1', click 2 3 -> row 1: 1 | MS | Plasma | 0
-        focus txtSpinText, '123456789012345' -> row 2: 2 | SS304 | Oxy Fuel | 12345678901235
+        Up, focus txtSpinText, '123456789012345' -> row 1: 1 | MS | Plasma | 12345678901235; at 1 3
             -> txtSpinText "12345678901235"; focus txtSpinText
-        Enter -> row 2: 2 | SS304 | Oxy Fuel | 150; txtSpinText "150"; focus grdMaterialList
-        click 1 3, focus txtSpinText, '22.6', Tab, focus spinButton, Up -> row 1: 1 | MS | Plasma |
-            -> 23.6; at 1 3; txtSpinText "23.6"; focus spinButton
+        Enter -> row 1: 1 | MS | Plasma | 25; at 2 3; txtSpinText "12.5"; focus grdMaterialList
+        Up, focus txtSpinText, '22.6', Tab, focus spinButton, Up -> row 1: 1 | MS | Plasma | 23.6
+            -> at 1 3; txtSpinText "23.6"; focus spinButton
         Up, Up, Down -> row 1: 1 | MS | Plasma | 24; txtSpinText "24"
-        focus txtSpinText, paste txtSpinText '8 mm', yes, close -> focus cmdMaterial
-            -> box Yes/No none "Save Material List file" "<9>Save Changes ?"
-            -> c:\tolvarin\USER\PROD\P10\MATERIAL.DAT -Thickness=10mm; -Process=Plasma; -\r; -[Mat2]
-            -> -Type=SS304; -Thickness=12.5mm; +Thickness=8mm; +Process=Plasma; +\r; +[Mat2]
-            -> +Type=SS304; +Thickness=150mm
+        focus txtSpinText, paste txtSpinText '8 mm', yes, close -> focus cmdMaterial; box Yes/No
+            -> none "Save Material List file" "<9>Save Changes ?"
+            -> c:\tolvarin\USER\PROD\P10\MATERIAL.DAT -Thickness=10mm; +Thickness=8mm
     )");
 }
 
 TEST_F(MaterialListWindow, EntriesAreCopiedPastedAndDeleted) {
     PlayInP10(R"(
-        double 2 2, click cmdCopy -> at 2 2; marked row 2; no cboEditDataType; cboEditDataProcess
-            -> cboEditDataProcess "Oxy Fuel"; cmdCopy; cmdPaste; cmdDelete; focus cmdCopy
-        click 1 3, click cmdPaste -> row 3: 3 | SS304 | Oxy Fuel | 12.5; at 3 1; marked
-            -> cboEditDataType; cboEditDataType "SS304"; no cboEditDataProcess; txtSpinText "10"
-            -> (cmdCopy); (cmdDelete); focus grdMaterialList
-        Alt+A -> row 4: 4 | MS | Plasma | 0; at 4 1; cboEditDataType "MS"
-        Ctrl+Space, no, click cmdDelete -> unmarked; cmdDelete; focus cmdDelete
-            -> box Yes/No none "Deleting Processing data" "<5>Delete Data Index 4\r<6>Are You Sure
-            -> ?"
+        double 2 2, click cmdCopy, click 1 3, click cmdPaste, Alt+A -> row 3: 3 | SS304 | Oxy Fuel |
+            -> 12.5; row 4: 4 | MS | Plasma | 0; at 4 1; cboEditDataProcess "Oxy Fuel"; txtSpinText
+            -> "10"; cmdPaste
+        Ctrl+Space, no, click cmdDelete -> unmarked; cmdDelete; focus cmdDelete; box Yes/No none
+            -> "Deleting Processing data" "<5>Delete Data Index 4\r<6>Are You Sure ?"
         yes, Alt+D -> at 3 1; marked; cboEditDataType "SS304"; (cmdDelete); focus grdMaterialList
             -> gone row 4: 4 | MS | Plasma | 0; box Yes/No none "Deleting Processing data"
             -> "<5>Delete Data Index 4\r<6>Are You Sure ?"
-        double 2 1, 'q', yes, Alt+D -> at 2 1; gone row 3: 3 | SS304 | Oxy Fuel | 12.5
-            -> box Yes/No none "Deleting Processing data" "<5>Delete Data Index 2\r<6>Are You Sure
-            -> ?"
+        double 2 1, 'q', yes, Alt+D -> at 2 1; gone row 3: 3 | SS304 | Oxy Fuel | 12.5; box Yes/No
+            -> none "Deleting Processing data" "<5>Delete Data Index 2\r<6>Are You Sure ?"
         click 2 1, 'w', double 1 2, yes, Alt+D -> row 1: 1 | Wear 400 | Oxy Fuel | 12.5; at 1 2
             -> no cboEditDataType; cboEditDataType "w"; cboEditDataProcess; gone row 2: 2 | SS304 |
             -> Oxy Fuel | 12.5; box Yes/No none "Deleting Processing data" "<5>Delete Data Index
@@ -163,41 +153,39 @@ TEST_F(MaterialListWindow, EntriesAreCopiedPastedAndDeleted) {
         yes, close -> focus cmdMaterial; box Yes/No none "Save Material List file" "<9>Save Changes
             -> ?"; c:\tolvarin\USER\PROD\P10\MATERIAL.DAT -Type=MS; -Thickness=10mm; -Process=Plasma
             -> -\r; -[Mat2]; -Type=SS304; +Type=Wear 400
-        click cmdMaterial, Ctrl+Space, yes, Alt+D, Right, 'x', Down, Ctrl+Space -> ...
-        Ctrl+Left, click cmdAdd, click cmdAdd -> row 1: 1 | MS | Plasma | 0; row 2: 2 | MS | Plasma
-            -> | 0; at 2 1; cboEditDataType; cboEditDataType "MS"; txtSpinText "0"
-        no, close -> ...
+        click cmdMaterial, Ctrl+Space, yes, Alt+D, no, close, click cmdMaterial -> ...
+        Ctrl+Space, yes, Alt+D, Right, 'x', Down, Ctrl+Space, Ctrl+Left -> ...
+        click cmdAdd, click cmdAdd -> row 1: 1 | MS | Plasma | 0; row 2: 2 | MS | Plasma | 0; at 2 1
+            -> cboEditDataType; cboEditDataType "MS"; txtSpinText "0"
     )");
 }
 
-TEST_F(MaterialListWindow, ListsThatAreInUseFullOrUnreadable) {
+TEST_F(MaterialListWindow, ListsThatAreFullInUseOrUnreadable) {
     workshop.Write("c:\\tolvarin\\USER\\PROD\\P10\\NEST\\OLD\\1.NST", "");
     PlayInP10(R"(
         double 1 1 -> marked row 1; cmdCopy; cmdDelete
-        close, write c:\tolvarin\USER\PROD\P10\NEST\1.NST '', click cmdMaterial -> ...
-        double 1 1 -> marked row 1; cmdCopy
-        close, write c:\tolvarin\USER\PROD\P10\COMP\A.CMP '' -> ...
-        remove c:\tolvarin\USER\PROD\P10\NEST, click cmdMaterial -> ...
-        double 1 1 -> marked row 1; cmdCopy
-        close, remove c:\tolvarin\USER\PROD\P10\COMP -> ...
-        write c:\tolvarin\USER\PROD\P10\MATERIAL.DAT '{1-199:[Mat#]\nType=T\n}' -> ...
+        close, write c:\tolvarin\USER\PROD\P10\MATERIAL.DAT '{1-199:[Mat#]\nType=T\n}' -> ...
         click cmdMaterial, Ctrl+Down, Ctrl+Space, click cmdCopy -> ...
         click cmdAdd -> row 200: 200 | MS | Plasma | 0; at 200 1; marked; cboEditDataType "MS"
             -> (cmdCopy); (cmdPaste); (cmdDelete); focus grdMaterialList
         click cmdAdd -> (cmdAdd)
         Ctrl+Up, Ctrl+Space, yes, Alt+D -> row 1: 1 | T | - | 0; row 199: 199 | MS | Plasma | 0
-            -> at 1 1; cboEditDataType "T"; cmdAdd; gone row 200: 200 | MS | Plasma | 0
-            -> box Yes/No none "Deleting Processing data" "<5>Delete Data Index 1\r<6>Are You Sure
-            -> ?"
+            -> at 1 1; cboEditDataType "T"; cmdAdd; gone row 200: 200 | MS | Plasma | 0; box Yes/No
+            -> none "Deleting Processing data" "<5>Delete Data Index 1\r<6>Are You Sure ?"
         Ctrl+Space, click cmdCopy, click cmdPaste -> row 200: 200 | T | - | 0; at 200 1; (cmdAdd)
-        no, close, write c:\tolvarin\USER\PROD\P10\MATERIAL.DAT '{1-200:[Mat#]\nType=T\n}' -> ...
+        no, close, write c:\tolvarin\USER\PROD\P10\NEST\1.NST '', click cmdMaterial -> ...
+        double 1 1 -> marked row 1; cmdCopy
+        close, write c:\tolvarin\USER\PROD\P10\COMP\A.CMP '' -> ...
+        remove c:\tolvarin\USER\PROD\P10\NEST, click cmdMaterial -> ...
+        double 1 1 -> marked row 1; cmdCopy
+        close, write c:\tolvarin\USER\PROD\P10\MATERIAL.DAT '{1-200:[Mat#]\nType=T\n}' -> ...
         click cmdMaterial -> beep; box "Error in Loading" "File
             -> c:\tolvarin\user\prod\p10\material.dat is Too big"; beep; box "Error in Loading"
             -> "Problem During Loading files\rCan not start Material List Edit"
         write c:\tolvarin\system\mattypes.dat '', write c:\tolvarin\system\process.dat '' -> ...
-        click cmdSysDefaults, Tab, Tab, click cmdAdd, yes, close -> focus cmdSysDefaults
-            -> box Yes/No none "Save Material List file" "<9>Save Changes ?"
-            -> c:\tolvarin\system\material.dat +\r; +[Mat3]; +Type=; +Thickness=mm; +Process=
+        click cmdSysDefaults, Tab, Tab, click cmdAdd, yes, close -> focus cmdSysDefaults; box Yes/No
+            -> none "Save Material List file" "<9>Save Changes ?"; c:\tolvarin\system\material.dat
+            -> +\r; +[Mat3]; +Type=; +Thickness=mm; +Process=
     )");
 }
 
@@ -213,8 +201,8 @@ TEST_F(MaterialListWindow, OptionsAreSavedByThemselves) {
             -> -PrePiercingThickness=-5; +AllowKerfProg=1; +NestCheck=1; +tracePlateOUTLINE=1
             -> +PrePiercingEnabled=1; +PrePiercingThickness=0
         click cmdMaterial, paste txtMinPlateThickness '12.5mm' -> ...
-        click chkPrePierceEnabled -> chkPrePierceEnabled off; (txtMinPlateThickness)
-            -> focus chkPrePierceEnabled
+        click chkPrePierceEnabled -> chkPrePierceEnabled off; (txtMinPlateThickness); focus
+            -> chkPrePierceEnabled
         click chkNestClearanceCheck, click chkTracePlate, yes, close -> box Yes/No none "Save
             -> Material List file" "<9>Save Changes ?"; c:\tolvarin\network\user1\nestuser.ini
             -> -NestCheck=1; -tracePlateOUTLINE=1; -PrePiercingEnabled=1; -PrePiercingThickness=0
@@ -234,9 +222,8 @@ TEST_F(MaterialListWindow, OptionsAreSavedByThemselves) {
 TEST_F(MaterialListWindow, ANewDirectoryAsksForItsThickness) {
     test::Play(workshop, R"(
         click optProduction, click cmdCreate, 'JOB', Enter -> ...
-        Enter -> box "Error in Thickness" "Thickness must be bigger than 0"
-        '-3', click cmdOk -> txtInitThickness "[-3]"; box "Error in Thickness" "Thickness must be
-            -> bigger than 0"
+        '0', Enter -> txtInitThickness "[0]"; box "Error in Thickness" "Thickness must be bigger
+            -> than 0"
         '6.5mm', Alt+O -> ...
         click 1 3 -> at 1 3; no cboEditDataType; txtSpinText; txtSpinText "6.5"; spinButton
         no, close, click cmdCreate, 'P30', Enter, Enter, click 2 3 -> ...
@@ -249,14 +236,14 @@ TEST_F(MaterialListWindow, ANewDirectoryAsksForItsThickness) {
 
 TEST_F(MaterialListWindow, ThicknessesAreProposedByTheNamesOfDirectories) {
     const std::vector<std::pair<std::string, std::string>> expected = {
-        {"P10", "10"}, {"T12.5", "12.5"}, {"8MM", "8"}, {"JOB12", ""}, {"25", "25"},
-        {"P.5", ".5"}, {"P-5", ""},       {"05", "5"},  {"9x1", "9"},  {"1", "1"}};
+        {"P10", "10"}, {"T12.5", "12.5"}, {"8MM", "8"}, {"JOB12", ""},
+        {"P.5", ".5"}, {"05", "5"},       {"9x1", "9"}, {"1", "1"}};
     for (const auto& [name, proposed] : expected) {
         materiallist::Shared().MaterialListDirPath = "c:\\tolvarin\\USER\\PROD\\" + name;
         materiallist::FrmEnterThickness prompt;
         prompt.Open();
-        EXPECT_EQ(prompt.Caption(), "Enter Thickness  for " + name + " Directory");
-        EXPECT_EQ(prompt.txtInitThickness.Text(), proposed) << name;
+        EXPECT_EQ(prompt.Caption() + prompt.txtInitThickness.Text(),
+                  "Enter Thickness  for " + name + " Directory" + proposed);
     }
 }
 
@@ -277,6 +264,7 @@ TEST_F(MaterialListWindow, CaptionsWidthsAndTheRowInView) {
     EXPECT_EQ(grid.RowHeight(0), 1050);
     EXPECT_EQ(grid.ColumnWidth(0), 1125);
     EXPECT_EQ(grid.ColumnWidth(3), 2375);
+    EXPECT_TRUE(window.resizable && grid.IsNumberColumn(0) && grid.IsNumberColumn(3));
     grid.SetShape(31, 4, 1, 1);
     for (const auto& [row, top] : {std::pair{5, 1}, {6, 6}, {5, 5}}) {
         grid.SetCell(row, 1);
