@@ -9,6 +9,7 @@
 
 #include "app/sys_man.h"
 #include "tests/support/fresh_system.h"
+#include "text/code_page.h"
 #include "text/strings.h"
 #include "views/application.h"
 #include "views/basic_controls.h"
@@ -404,7 +405,8 @@ string Player::ChangesOnDrives() {
     std::map<string, string> now;
     for (const auto& entry : fs::recursive_directory_iterator(drives_->Folder())) {
         const fs::path relative = fs::relative(entry.path(), drives_->Folder());
-        string path = relative.generic_string();
+        const auto utf8 = relative.generic_u8string();
+        string path = text::FromUtf8(string(utf8.begin(), utf8.end())).value_or("?");
         path.insert(1, ":");
         std::replace(path.begin(), path.end(), '/', '\\');
         now[path] = entry.is_directory() ? "\\" : drives_->Read(path);
