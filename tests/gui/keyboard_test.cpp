@@ -29,19 +29,16 @@ class AtTheKeyboard : public ::testing::TestWithParam<Field> {
   protected:
     ~AtTheKeyboard() override { test::UseLayout("us"); }
 
-    void In(const std::string& way, const std::function<void(views::Form&)>& typing) {
+    void In(const std::string& script, const std::function<void(views::Form&)>& typing) {
         test::RealPlayer player;
-        player.own = [&](views::Form& form) {
-            typing(form);
-            form.Dismiss();
-        };
-        player.Play(workshop, way + ", '*' -> ...");
+        player.own = typing;
+        player.Play(workshop, script);
     }
     const test::Workshop workshop;
 };
 
 TEST_P(AtTheKeyboard, EveryCharacterArrivesOrIsRefused) {
-    In(GetParam().way, [](views::Form& form) {
+    In(GetParam().way + std::string(", '*' -> ..."), [](views::Form& form) {
         views::Control& field = *form.Focus();
         auto* text = dynamic_cast<views::TextPart*>(&field);
         for (const char* layout : {"us", "de", "fr", "gr", "pl"}) {
@@ -70,6 +67,7 @@ TEST_P(AtTheKeyboard, EveryCharacterArrivesOrIsRefused) {
             break;
 #endif
         }
+        form.Dismiss();
     });
 }
 
@@ -88,70 +86,69 @@ INSTANTIATE_TEST_SUITE_P(
                       Field{"click cmdSysDefaults, click 1 2, focus cboEditDataProcess", kAll},
                       Field{"click cmdCreate", kAll}));
 
-// Ways to type that no layout has on a key, and keys that type nothing.
-TEST_F(AtTheKeyboard, OtherWaysToType) {
-    In("click cmdSysMaterial, click 1 1", [](views::Form& form) {
-        views::Control& grid = *form.Focus();
-        const auto shows = [&](const std::string& text) {
-            EXPECT_TRUE(test::Until([&] {
-                return TextIn(grid) == text && test::Differences(form).empty();
-            })) << TextIn(grid)
-                << ", not " << text << "; " << test::Differences(form);
-        };
-        const auto press = [](const char* keys) {
-            for (; *keys != '\0'; ++keys) test::Key(*keys, wxMOD_CONTROL);
-        };
 #ifndef _WIN32
-        test::UseLayout("de");
-        test::PressNamed("Caps_Lock");
-        test::TypeCharacter(U'a');
-        for (const char* key : {"Caps_Lock", "Num_Lock", "KP_1", "KP_Subtract", "Num_Lock"}) {
-            test::PressNamed(key);
-        }
-        shows("A1-");
-        test::PressNamed("KP_Right");  // without Num Lock a key that moves
-        shows("7.85");
-        test::Key(WXK_F6);
-        for (const char* dead : {"dead_acute", "dead_circumflex"}) {
-            test::PressNamed(dead);
-            test::TypeCharacter(U'e');
-        }
-        shows("\xE9\xEA");
-        test::UseLayout("us");
-        grid.SetFocus();
+
+TEST_F(AtTheKeyboard, LocksTheNumberPadAndDeadKeys) {
+    In(R"(
+        click cmdSysMaterial, click 1 1 -> ...
+        '*' -> row 1: MS | A1- | 7.85; txtEditData "A1-"
+        '*' -> at 1 2; txtEditData "7.85"
+        F6, '*' -> row 1: MS | A1- | \xE9\xEA; txtEditData "\xE9\xEA"; focus txtEditData
+        no, close -> focus cmdSysMaterial; box Yes/No none "Material Types Save" "<7>Save Changes ?"
+    )",
+       [step = 0](views::Form&) mutable {
+           const auto press = [](std::initializer_list<const char*> keys) {
+               for (const std::string key : keys) {
+                   key.size() == 1 ? test::TypeCharacter(static_cast<char32_t>(key[0]))
+                                   : test::PressNamed(key.c_str());
+               }
+               test::Settle();
+           };
+           test::UseLayout("de");
+           if (step == 0) press({"Caps_Lock", "a", "Caps_Lock", "Num_Lock", "KP_1", "KP_Subtract"});
+           if (step == 1) press({"Num_Lock", "KP_Right"});  // a key that moves
+           if (step == 2) press({"dead_acute", "e", "dead_circumflex", "e"});
+           ++step;
+       });
+}
+
 #endif
-        test::Key(WXK_F6);
-        auto& box = dynamic_cast<views::TextPart&>(*form.Focus());
-        auto* real = dynamic_cast<wxTextEntry*>(test::RealOf(*form.Focus()));
-        // Held with Alt or the Windows key it is no typing: the text and what is selected stay.
-        const auto hold = [] {
-            for (const int held : {test::kAltKey, test::kWindowsKey}) test::PressWith(held, U'7');
-            test::Until([] { return false; }, 100);
-        };
-        box.Edited("abc", 3);
-        box.Select(1, 1);
-        hold();
-        EXPECT_EQ(box.SelLength(), 1u);
-        press("XVV");
-        shows("abbc");
-        press("ACVV");
-        shows("abbcabbc");
-        // Pasting what the character set lacks is refused, not replaced by question marks.
-        real->WriteText(wxString::FromUTF8("\xCE\xA9"));
-        shows("abbcabbc");
-        press("Z");  // undone where the platform does that, and shown so
-        shows(box.Text());
-        // Into a grid the same keys type nothing.
-        const std::string there = box.Text();
-        grid.SetFocus();
-        press("ACVXZ");
-        hold();
-        shows(there);
-        // By a menu of the mouse it comes without any key, and in a box that lacks the focus.
-        real->WriteText(wxString::FromUTF8("\xC3\xBC"));
-        EXPECT_TRUE(test::Until([&] { return !grid.HasFocus() && box.Text() != there; }));
-        shows(box.Text());
-    });
+
+// Held with Alt or the Windows key it is no typing, neither in the box nor in the grid.
+TEST_F(AtTheKeyboard, KeysThatTypeNothing) {
+    In(R"(
+        click cmdSysMaterial, click 1 1, focus txtEditData, 'abc', Shift+Left -> ...
+        '*' ->
+        Ctrl+X, Ctrl+V, Ctrl+V -> row 1: MS | abcc | 7.85; txtEditData "abcc"
+        Ctrl+A, Ctrl+C, End, Ctrl+V -> row 1: MS | abccabcc | 7.85; txtEditData "abccabcc"
+        focus grdMaterialTypes, Ctrl+A, Ctrl+C, Ctrl+V, Ctrl+X, Ctrl+Z, '*' -> unmarked
+            -> focus grdMaterialTypes
+        no, close -> focus cmdSysMaterial; box Yes/No none "Material Types Save" "<7>Save Changes ?"
+    )",
+       [](views::Form&) {
+           for (const int held : {test::kAltKey, test::kWindowsKey}) test::PressWith(held, U'7');
+           test::Until([] { return false; }, 100);
+       });
+}
+
+// What the character set lacks is refused, not replaced by question marks; what a menu of the
+// mouse pastes comes without a key, and into a box that lacks the focus.
+TEST_F(AtTheKeyboard, PastesOfTheToolkit) {
+    In(R"(
+        click cmdSysMaterial, click 1 1 -> ...
+        '*' ->
+        '*' -> row 1: MS | Mild steel\xFC | 7.85; txtEditData "Mild steel\xFC"; focus txtEditData
+        Ctrl+Z, '*' -> ...
+        no, close -> focus cmdSysMaterial; box Yes/No none "Material Types Save" "<7>Save Changes ?"
+    )",
+       [text = wxString::FromUTF8("\xCE\xA9")](views::Form& form) mutable {
+           for (const views::Control* control : form.Controls()) {
+               auto* box = dynamic_cast<wxTextCtrl*>(test::RealOf(*control));
+               if (box != nullptr) box->AppendText(text);
+           }
+           test::Settle();
+           text = wxString::FromUTF8("\xC3\xBC");
+       });
 }
 
 }  // namespace
