@@ -99,27 +99,24 @@ void CheckProfile(FuzzedDataProvider& input) {
 // A file of all three formats at once. Its names are found by hash, which no fuzzer guesses.
 string DataFile(FuzzedDataProvider& input) {
     string names = "[Processes]", types = "\r\n[Materials]", sections;
-    const int count = input.ConsumeIntegralInRange(0, 22);
-    const auto add = [&](const string& key) {
-        const string usual = input.PickValueInArray(
-            {"Line", "Arc ", "A180", "0", "1", "-1", "2.5", ".5mm", "9, 1e9,,x,.25"});
-        if (input.ConsumeBool()) sections += "\r\n" + key + "=" + usual;
-        if (input.ConsumeBool()) sections += Word(input, "\"'");
+    const auto add = [&](std::initializer_list<const char*> keys) {
+        for (const char* key : keys) {
+            const string usual = input.PickValueInArray(
+                {"Line", "Arc ", "A180", "0", "1", "-1", "2.5", ".5mm", "9, 1e9,,x,.25"});
+            if (input.ConsumeBool()) sections += "\r\n" + string(key) + "=" + usual;
+            if (input.ConsumeBool()) sections += Word(input, "\"'");
+        }
     };
-    for (int n = 1; n <= count; ++n) {
-        const string number = std::to_string(n),
-                     name = "P" + number + "." + Word(input, "\"']", 60);
+    for (int n = input.ConsumeIntegralInRange(0, 22); n > 0; --n) {
+        const string number = std::to_string(n), name = "P" + number + "." + Word(input, "\"']");
         names += "\r\nProcess" + number + "=" + name;
         types += "\r\nMat" + number + "=" + name;
         sections += "\r\n[" + name + "]";
-        for (const char* key : {"Rapid", "LineMarkRate", "Leadin", "Angle", "Leadout", "MajorDir",
-                                "Leadoutangle", "LeadoutPercent", "LeadoutOverrun", "MinorDir",
-                                "MinorOpenKerf", "Extension", "Leadoutextension", "AddKerf",
-                                "Description", "Density", "Thickness1", "Thickness2"}) {
-            add(key);
-        }
+        add({"Rapid", "LineMarkRate", "Leadin", "Angle", "Leadout", "MajorDir", "Leadoutangle",
+             "LeadoutPercent", "LeadoutOverrun", "MinorDir", "MinorOpenKerf", "Extension",
+             "Leadoutextension", "AddKerf", "Description", "Density", "Thickness1", "Thickness2"});
         sections += "\r\n[Mat" + number + "]";
-        for (const char* key : {"Type", "Thickness", "Process"}) add(key);
+        add({"Type", "Thickness", "Process"});
     }
     return names + types + sections + "\r\n";
 }
@@ -135,36 +132,30 @@ void CheckKept(string bytes, Read read) {
     }
 }
 
-// As the windows show it and put it back.
-template <std::size_t Width>
-void Clean(text::FixedText<Width>& field) {
-    field = text::CleanText(field);
-}
-
 void CheckDataFiles(const string& bytes) {
-    CheckKept(bytes, [](const Profile& file) {
+    // The texts are cleaned as the windows do.
+    const auto clean = [](auto& text) { text = text::CleanText(text); };
+    CheckKept(bytes, [&](const Profile& file) {
         process::ProcessTable table, ranges;
         ReadProcesses(file, table);
         ReadProcessRanges(file, ranges);
-        REQUIRE(table.ProcessCount >= 0 && table.ProcessCount <= process::MaxProcesses);
         REQUIRE(ranges.ProcessCount == table.ProcessCount);
-        for (auto& record : table.Processes) Clean(record.Name);
+        for (auto& record : table.Processes) clean(record.Name);
         return ProcessFileText(table);
     });
-    CheckKept(bytes, [](const Profile& file) {
+    CheckKept(bytes, [&](const Profile& file) {
         materialtypes::MaterialTypeTable table, codes;
         ReadMaterialTypes(file, table);
         ReadMaterialTypeCodes(file, codes);
-        REQUIRE(table.Count >= 0 && table.Count <= materialtypes::MaxMaterialTypes);
         REQUIRE(codes.Count == table.Count);
-        for (auto& record : table.Records) Clean(record.Code), Clean(record.Description);
+        for (auto& record : table.Records) clean(record.Code), clean(record.Description);
         return MaterialTypesText(table);
     });
-    CheckKept(bytes, [](const Profile& file) {
+    CheckKept(bytes, [&](const Profile& file) {
         materiallist::MaterialListTable table;
         const bool fits = ReadMaterialList(file, table) != profile::ReadResult::kTooBig;
         REQUIRE(fits == (table.EntryCount < materiallist::MaxMaterialListEntries));
-        for (auto& entry : table.Entries) Clean(entry.MaterialType), Clean(entry.ProcessName);
+        for (auto& entry : table.Entries) clean(entry.MaterialType), clean(entry.ProcessName);
         return MaterialListText(table, materiallist::kExistingDirectory);
     });
 }
@@ -173,15 +164,9 @@ void CheckDataFiles(const string& bytes) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzedDataProvider input(data, size);
-    switch (input.ConsumeIntegralInRange(0, 2)) {
-        case 0:
-            CheckProfile(input);
-            break;
-        case 1:
-            CheckDataFiles(DataFile(input));
-            break;
-        default:
-            CheckDataFiles(input.ConsumeRemainingBytesAsString());
-    }
+    const int kind = input.ConsumeIntegralInRange(0, 2);
+    if (kind == 0) CheckProfile(input);
+    if (kind == 1) CheckDataFiles(DataFile(input));
+    if (kind == 2) CheckDataFiles(input.ConsumeRemainingBytesAsString());
     return 0;
 }

@@ -9,7 +9,6 @@
 #include "tests/gui/person.h"
 #include "tests/gui/real_player.h"
 #include "tests/support/workshop.h"
-#include "text/clean_text.h"
 #include "text/code_page.h"
 #include "views/text_box.h"
 
@@ -23,26 +22,23 @@ std::string TextIn(const views::Control& field) {
 // The deeds that lead to a field, and which characters it takes.
 struct Field {
     const char* way;
-    bool (*takes)(char);
+    bool (*takes)(unsigned char);
 };
 
 class AtTheKeyboard : public ::testing::TestWithParam<Field> {
   protected:
     ~AtTheKeyboard() override { test::UseLayout("us"); }
 
-    void In(const std::string& way, const std::function<void(views::Form&)>& typing) {
+    void In(const std::string& script, const std::function<void(views::Form&)>& typing) {
         test::RealPlayer player;
-        player.own = [&](views::Form& form) {
-            typing(form);
-            form.Dismiss();
-        };
-        player.Play(workshop, way + ", '*' -> ...");
+        player.own = typing;
+        player.Play(workshop, script);
     }
     const test::Workshop workshop;
 };
 
 TEST_P(AtTheKeyboard, EveryCharacterArrivesOrIsRefused) {
-    In(GetParam().way, [](views::Form& form) {
+    In(GetParam().way + std::string(", '*' -> ..."), [](views::Form& form) {
         views::Control& field = *form.Focus();
         auto* text = dynamic_cast<views::TextPart*>(&field);
         for (const char* layout : {"us", "de", "fr", "gr", "pl"}) {
@@ -59,7 +55,8 @@ TEST_P(AtTheKeyboard, EveryCharacterArrivesOrIsRefused) {
                 for (const char32_t character : all.substr(at, 12)) {
                     test::TypeCharacter(character);
                     const auto byte = text::FromUnicode(character);
-                    if (byte && GetParam().takes(*byte)) expected += *byte;
+                    if (byte && GetParam().takes(static_cast<unsigned char>(*byte)))
+                        expected += *byte;
                 }
                 if (expected.empty()) expected = there;
                 EXPECT_TRUE(test::Until([&] { return TextIn(field) == expected; }))
@@ -70,102 +67,88 @@ TEST_P(AtTheKeyboard, EveryCharacterArrivesOrIsRefused) {
             break;
 #endif
         }
+        form.Dismiss();
     });
 }
 
-bool All(char) {
-    return true;
-}
-bool Ascii(char c) {
-    return c >= 32 && c <= 126;
-}
-bool Printable(char c) {
-    return text::IsPrintableChar({&c, 1});
-}
+constexpr auto kAll = [](unsigned char) { return true; };
+constexpr auto kAscii = [](unsigned char c) { return c < 127; };
+constexpr auto kPrintable = [](unsigned char c) { return c < 127 || c >= 160; };
 
 INSTANTIATE_TEST_SUITE_P(
     Fields, AtTheKeyboard,
-    ::testing::Values(Field{"click cmdSysMaterial", Ascii},
-                      Field{"click cmdSysMaterial, focus txtEditData", All},
-                      Field{"click cmdSysProcess, click cmdThicknessData, focus txtEditData", All},
-                      Field{"click cmdSysProcess, click cmdAddProcess", All},
-                      Field{"click cmdSysDefaults", Printable},
-                      Field{"click cmdSysDefaults, focus cboEditDataType", All},
-                      Field{"click cmdSysDefaults, click 1 2, focus cboEditDataProcess", All},
-                      Field{"click cmdCreate", All}));
+    ::testing::Values(Field{"click cmdSysMaterial", kAscii},
+                      Field{"click cmdSysMaterial, focus txtEditData", kAll},
+                      Field{"click cmdSysProcess, click cmdThicknessData, focus txtEditData", kAll},
+                      Field{"click cmdSysProcess, click cmdAddProcess", kAll},
+                      Field{"click cmdSysDefaults", kPrintable},
+                      Field{"click cmdSysDefaults, focus cboEditDataType", kAll},
+                      Field{"click cmdSysDefaults, click 1 2, focus cboEditDataProcess", kAll},
+                      Field{"click cmdCreate", kAll}));
 
-// Ways to type that no layout has on a key, and keys that type nothing.
-TEST_F(AtTheKeyboard, OtherWaysToType) {
-    In("click cmdSysMaterial", [](views::Form& form) {
-        views::Control& grid = *form.Focus();
-        const auto shows = [&](const std::string& text) {
-            EXPECT_TRUE(test::Until([&] {
-                return TextIn(grid) == text && test::Differences(form).empty();
-            })) << TextIn(grid)
-                << ", not " << text << "; " << test::Differences(form);
-        };
-        const auto press = [](const char* keys) {
-            for (; *keys != '\0'; ++keys) test::Key(*keys, wxMOD_CONTROL);
-        };
-        test::Key(WXK_TAB), test::Key(WXK_TAB);  // to the last cell
-        test::Key(WXK_LEFT);
 #ifndef _WIN32
-        test::UseLayout("de");
-        test::PressNamed("Caps_Lock");
-        test::TypeCharacter(U'a');
-        for (const char* key : {"Caps_Lock", "Num_Lock", "KP_1", "KP_Delete", "KP_Subtract"}) {
-            test::PressNamed(key);
-        }
-        shows("A1,-");
-        test::PressNamed("Num_Lock");
-        test::PressNamed("KP_Right");  // without Num Lock a key that moves
-        shows("7.85");
-        test::Key(WXK_LEFT);
+
+TEST_F(AtTheKeyboard, LocksTheNumberPadAndDeadKeys) {
+    In(R"(
+        click cmdSysMaterial, click 1 1 -> ...
+        '*' -> row 1: MS | A1- | 7.85; txtEditData "A1-"
+        '*' -> at 1 2; txtEditData "7.85"
+        F6, '*' -> row 1: MS | A1- | \xE9\xEA; txtEditData "\xE9\xEA"; focus txtEditData
+        no, close -> focus cmdSysMaterial; box Yes/No none "Material Types Save" "<7>Save Changes ?"
+    )",
+       [step = 0](views::Form&) mutable {
+           const auto press = [](std::initializer_list<const char*> keys) {
+               for (const std::string key : keys) {
+                   key.size() == 1 ? test::TypeCharacter(static_cast<char32_t>(key[0]))
+                                   : test::PressNamed(key.c_str());
+               }
+               test::Settle();
+           };
+           test::UseLayout("de");
+           if (step == 0) press({"Caps_Lock", "a", "Caps_Lock", "Num_Lock", "KP_1", "KP_Subtract"});
+           if (step == 1) press({"Num_Lock", "KP_Right"});  // a key that moves
+           if (step == 2) press({"dead_acute", "e", "dead_circumflex", "e"});
+           ++step;
+       });
+}
+
 #endif
-        test::Key(WXK_F6);
-        auto& box = dynamic_cast<views::TextPart&>(*form.Focus());
-#ifndef _WIN32
-        for (const char* dead : {"dead_acute", "dead_circumflex"}) {
-            test::PressNamed(dead);
-            test::TypeCharacter(U'e');
-        }
-        shows("\xE9\xEA");
-        test::UseLayout("us");
-#endif
-        // Held with Alt or the Windows key it is no typing: the text and what is selected stay.
-        box.Edited("abc", 3);
-        box.Select(1, 1);
-        for (const int held : {test::kAltKey, test::kWindowsKey}) {
-            for (const char32_t key : {U'x', U'7'}) test::PressWith(held, key);
-        }
-        test::Until([] { return false; }, 100);
-        shows("abc");
-        EXPECT_EQ(box.SelLength(), 1u);
-        press("XVV");
-        shows("abbc");
-        press("AC");
-        test::Key(WXK_END);
-        press("V");
-        shows("abbcabbc");
-        // Pasting what the character set lacks is refused, not replaced by question marks.
-        auto* real = dynamic_cast<wxTextEntry*>(test::RealOf(*form.Focus()));
-        real->WriteText(wxString::FromUTF8("\xCE\xA9"));
-        shows("abbcabbc");
-        press("Z");  // undone where the platform does that, and shown so
-        shows(box.Text());
-        // Into a grid the same keys type nothing.
-        const std::string there = box.Text();
-        grid.SetFocus();
-        press("ACVXZ");
-        for (const int held : {test::kAltKey, test::kWindowsKey}) test::PressWith(held, U'7');
-        test::Until([] { return false; }, 100);
-        shows(there);
-        // By a menu of the mouse it comes without any key, and in a box that lacks the focus.
-        real->WriteText(wxString::FromUTF8("\xC3\xBC"));
-        EXPECT_TRUE(test::Until([&] { return box.Text() != there; }));
-        shows(box.Text());
-        EXPECT_FALSE(grid.HasFocus());
-    });
+
+// Held with Alt or the Windows key it is no typing, neither in the box nor in the grid.
+TEST_F(AtTheKeyboard, KeysThatTypeNothing) {
+    In(R"(
+        click cmdSysMaterial, click 1 1, focus txtEditData, 'abc', Shift+Left -> ...
+        '*' ->
+        Ctrl+X, Ctrl+V, Ctrl+V -> row 1: MS | abcc | 7.85; txtEditData "abcc"
+        Ctrl+A, Ctrl+C, End, Ctrl+V -> row 1: MS | abccabcc | 7.85; txtEditData "abccabcc"
+        focus grdMaterialTypes, Ctrl+A, Ctrl+C, Ctrl+V, Ctrl+X, Ctrl+Z, '*' -> unmarked
+            -> focus grdMaterialTypes
+        no, close -> focus cmdSysMaterial; box Yes/No none "Material Types Save" "<7>Save Changes ?"
+    )",
+       [](views::Form&) {
+           for (const int held : {test::kAltKey, test::kWindowsKey}) test::PressWith(held, U'7');
+           test::Until([] { return false; }, 100);
+       });
+}
+
+// What the character set lacks is refused, not replaced by question marks; what a menu of the
+// mouse pastes comes without a key, and into a box that lacks the focus.
+TEST_F(AtTheKeyboard, PastesOfTheToolkit) {
+    In(R"(
+        click cmdSysMaterial, click 1 1 -> ...
+        '*' ->
+        '*' -> row 1: MS | Mild steel\xFC | 7.85; txtEditData "Mild steel\xFC"; focus txtEditData
+        Ctrl+Z, '*' -> ...
+        no, close -> focus cmdSysMaterial; box Yes/No none "Material Types Save" "<7>Save Changes ?"
+    )",
+       [text = wxString::FromUTF8("\xCE\xA9")](views::Form& form) mutable {
+           for (const views::Control* control : form.Controls()) {
+               auto* box = dynamic_cast<wxTextCtrl*>(test::RealOf(*control));
+               if (box != nullptr) box->AppendText(text);
+           }
+           test::Settle();
+           text = wxString::FromUTF8("\xC3\xBC");
+       });
 }
 
 }  // namespace

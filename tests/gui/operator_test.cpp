@@ -5,7 +5,7 @@
 //
 // SYSMAN_STEPS sets the number of steps, SYSMAN_SEED where the dice begin.
 #include <gtest/gtest.h>
-#include <wx/defs.h>
+#include <wx/uiaction.h>
 #include <wx/window.h>
 
 #include <cstdio>
@@ -16,17 +16,14 @@
 #include "tests/gui/person.h"
 #include "tests/gui/real_player.h"
 #include "tests/support/workshop.h"
-#include "text/clean_text.h"
-#include "text/numbers.h"
-#include "views/application.h"
 #include "views/printer.h"
 #include "views/screen.h"
 
 namespace {
 
-unsigned Setting(const char* name, unsigned usual) {
+unsigned Setting(const char* name, int usual) {
     const char* value = std::getenv(name);
-    return value == nullptr ? usual : static_cast<unsigned>(std::atoi(value));
+    return static_cast<unsigned>(value == nullptr ? usual : std::atoi(value));
 }
 
 struct NoPrinter : views::Printer {
@@ -54,13 +51,11 @@ class Operator : public test::RealPlayer {
         form.Dismiss();
     }
     views::Answer Decide(const views::Message& message) override {
+        using views::Answer, views::Buttons;
         EXPECT_NE(message.icon, views::Icon::kCritical) << message.text << " after\n" << done_;
         const bool yes = Dice(2) == 0;
-        if (message.buttons == views::Buttons::kYesNo) {
-            return yes ? views::Answer::kYes : views::Answer::kNo;
-        }
-        const bool ok = yes || message.buttons == views::Buttons::kOk;
-        return ok ? views::Answer::kOk : views::Answer::kCancel;
+        if (message.buttons == Buttons::kYesNo) return yes ? Answer::kYes : Answer::kNo;
+        return yes || message.buttons == Buttons::kOk ? Answer::kOk : Answer::kCancel;
     }
 
   private:
@@ -69,17 +64,17 @@ class Operator : public test::RealPlayer {
     // A point in a control that can be clicked, without its scroll bars: on Windows nothing else
     // goes on while one is held.
     wxPoint Anywhere(views::Form& form) {
-        for (;;) {
-            const auto controls = form.Controls();
-            const views::Control& plain = *controls[Dice(controls.size())];
-            if (!plain.CanTakeFocus() || Ends(plain)) continue;
-            const wxWindow* real = test::RealOf(plain);
-            const wxSize size = real->GetClientSize();
-            done_ += plain.Name() + " ";
-            return real->ClientToScreen(
-                wxPoint(static_cast<int>(Dice(static_cast<unsigned>(size.x))),
-                        static_cast<int>(Dice(static_cast<unsigned>(size.y)))));
+        std::vector<const views::Control*> controls;
+        for (const views::Control* each : form.Controls()) {
+            if (each->CanTakeFocus() && !Ends(*each)) controls.push_back(each);
         }
+        const views::Control& plain = *controls[Dice(controls.size())];
+        const wxWindow* real = test::RealOf(plain);
+        const wxSize size = real->GetClientSize();
+        done_ += plain.Name() + " ";
+        const unsigned x = Dice(static_cast<unsigned>(size.x));
+        return real->ClientToScreen(
+            wxPoint(static_cast<int>(x), static_cast<int>(Dice(static_cast<unsigned>(size.y)))));
     }
     static bool Ends(const views::Control& control) {
         return control.Name() == "cmdClose" && control.Owner().Name() == "SysMan";
@@ -97,24 +92,25 @@ class Operator : public test::RealPlayer {
             const auto characters = test::LayoutCharacters();
             const char32_t character = characters[Dice(characters.size())];
             const int held = kHeld[Dice(std::size(kHeld))];
-            test::PressWith(held, character);
+            held == 0 ? test::TypeCharacter(character) : test::PressWith(held, character);
             test::Settle();
             return "U+" + std::to_string(character) + " with " + std::to_string(held);
         }
         if (deed < 60) {
-            const int key = kKeys[Dice(std::size(kKeys))], held = kHeld[Dice(6)];
-            test::Key(key, held == test::kShiftKey  ? wxMOD_SHIFT
-                           : held == test::kCtrlKey ? wxMOD_CONTROL
-                                                    : 0);
+            const int key = kKeys[Dice(std::size(kKeys))];
+            const int held = Dice(4) > 0 ? 0 : Dice(2) > 0 ? wxMOD_SHIFT : wxMOD_CONTROL;
+            test::Key(key, held);
             return "key " + std::to_string(key) + " with " + std::to_string(held);
         }
         const wxPoint at = Anywhere(form);
-        if (deed < 95) {
-            test::ClickAt([at] { return at; }, deed % 4 == 0);
-            return deed % 4 == 0 ? "clicked twice" : "clicked";
+        if (deed >= 95) {
+            const wxPoint to = Anywhere(form);
+            wxUIActionSimulator().MouseDragDrop(at.x, at.y, to.x, to.y);
+            test::Settle();
+            return "dragged";
         }
-        test::Drag(at, Anywhere(form));
-        return "dragged";
+        test::ClickAt([at] { return at; }, deed % 4 == 0);
+        return deed % 4 == 0 ? "clicked twice" : "clicked";
     }
 
     std::mt19937 dice_;

@@ -1,6 +1,5 @@
 #include "tests/gui/person.h"
 
-#include <gtest/gtest.h>
 #include <wx/app.h>
 #include <wx/checkbox.h>
 #include <wx/ctrlsub.h>
@@ -18,6 +17,7 @@
 
 #include "text/code_page.h"
 #include "views/basic_controls.h"
+#include "views/grid.h"
 #include "views/lists.h"
 #include "views/screen.h"
 #include "views/wx/wx_screen.h"
@@ -75,8 +75,8 @@ void AddGrid(Facts& facts, const wxGrid& real, const views::Grid& plain) {
     for (int row = top; row < plain.Rows(); ++row) {
         for (int column = left; column < plain.Columns(); ++column) {
             Add(facts, real.IsInSelection(row - top, column - left),
-                plain.Highlight() && block.firstRow <= row && row <= block.lastRow &&
-                    block.firstColumn <= column && column <= block.lastColumn);
+                plain.Highlight() && std::clamp(row, block.firstRow, block.lastRow) == row &&
+                    std::clamp(column, block.firstColumn, block.lastColumn) == column);
         }
     }
 }
@@ -100,17 +100,15 @@ Facts Compared(const views::Control& plain, const wxWindow* real) {
     const auto* drives = dynamic_cast<const views::DriveList*>(&plain);
     const auto* text = dynamic_cast<const views::TextPart*>(&plain);
     const auto* entry = dynamic_cast<const wxTextEntry*>(real);
-    if (list != nullptr || drives != nullptr) {
-        const auto& entries = dynamic_cast<const wxItemContainerImmutable&>(*real);
+    if (const auto* items = dynamic_cast<const wxItemContainerImmutable*>(real)) {
         // Of a list with an edit field the text counts.
-        if (entry == nullptr) {
-            Add(facts, entries.GetSelection(), list ? list->ListIndex() : drives->Index());
+        if (!entry) Add(facts, items->GetSelection(), list ? list->ListIndex() : drives->Index());
+        const wxArrayString shown = items->GetStrings();
+        std::string joined;
+        for (const auto& item : list ? list->Items() : drives->Items()) {
+            joined += text::ToUtf8(item) + "\n";
         }
-        const auto& items = list ? list->Items() : drives->Items();
-        Add(facts, entries.GetCount(), items.size());
-        for (unsigned i = 0; i < std::min<std::size_t>(entries.GetCount(), items.size()); ++i) {
-            Add(facts, entries.GetString(i).utf8_string(), text::ToUtf8(items[i]));
-        }
+        Add(facts, wxJoin(shown, '\n', '\0').utf8_string() + (shown.empty() ? "" : "\n"), joined);
     }
     if (entry != nullptr && text != nullptr) {
         Add(facts, entry->GetValue().utf8_string(), text::ToUtf8(text->Text()));
@@ -137,15 +135,6 @@ void Settle() {
 
 void UseRealScreen() {
     TheRealScreen();
-}
-
-void WaitForFocus(const views::Form& form) {
-    EXPECT_TRUE(Until([&] { return form.Focus() != nullptr; })) << "the window does not appear";
-    EXPECT_TRUE(Until([&] {
-        wxWindow* real = form.Focus() != nullptr ? RealOf(*form.Focus()) : nullptr;
-        wxWindow* focus = wxWindow::FindFocus();
-        return real != nullptr && focus != nullptr && (focus == real || focus->GetParent() == real);
-    })) << "the window does not get the focus";
 }
 
 wxWindow* RealOf(const views::Control& control) {
@@ -181,30 +170,6 @@ void ClickAt(const std::function<wxPoint()>& where, bool twice) {
         simulator.MouseUp();
     }
     Settle();
-}
-
-void Drag(wxPoint from, wxPoint to) {
-    wxUIActionSimulator simulator;
-    simulator.MouseMove(from);
-    simulator.MouseDown();
-    for (int part = 1; part <= 4; ++part) {
-        simulator.MouseMove(from + (to - from) * part / 4);
-        Settle();
-    }
-    simulator.MouseUp();
-    Settle();
-}
-
-void ClickCell(const views::Grid& plain, int row, int column, bool twice) {
-    const auto where = [&] {
-        auto* grid = static_cast<wxGrid*>(RealOf(plain));
-        const wxRect cell = grid->CellToRect(std::max(row - 1, 0), std::max(column - 1, 0));
-        const wxPoint at = grid->CalcScrolledPosition(cell.GetTopLeft()) + wxPoint(8, 8);
-        if (row == 0) return grid->GetGridColLabelWindow()->ClientToScreen(wxPoint(at.x, 8));
-        if (column == 0) return grid->GetGridRowLabelWindow()->ClientToScreen(wxPoint(8, at.y));
-        return grid->GetGridWindow()->ClientToScreen(at);
-    };
-    ClickAt(where, twice);
 }
 
 void Key(int key, int modifiers) {

@@ -8,7 +8,6 @@
 
 #include "views/control.h"
 #include "views/form.h"
-#include "views/grid.h"
 
 class wxWindow;
 
@@ -16,9 +15,6 @@ namespace test {
 
 // Remembers the real screen, before another one is put in front of it.
 void UseRealScreen();
-
-// Waits until the window of a form has the focus; fails the test when it does not get it.
-void WaitForFocus(const views::Form& form);
 
 // Lets everything that has been set off come to rest.
 void Settle();
@@ -32,9 +28,6 @@ void Click(const views::Control& plain, bool twice = false);
 // At a point of the screen, which is asked for again until it stays: windows still move a little
 // when they have just appeared.
 void ClickAt(const std::function<wxPoint()>& where, bool twice = false);
-void Drag(wxPoint from, wxPoint to);
-// A cell of a grid; row 0 and column 0 are the headings.
-void ClickCell(const views::Grid& grid, int row, int column, bool twice = false);
 // Keys of the toolkit (WXK_TAB, 'A'), with wxMOD_SHIFT and so on.
 void Key(int key, int modifiers = 0);
 

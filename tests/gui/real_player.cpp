@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 #include <wx/app.h>
+#include <wx/grid.h>
 #include <wx/msgdlg.h>
 #include <wx/textentry.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
 #include <wx/window.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -65,6 +67,15 @@ class BoxAnswer : public wxTimer {
 #endif
 };
 
+void WaitForFocus(const views::Form& form) {
+    EXPECT_TRUE(Until([&] {
+        wxWindow* real = form.Focus() != nullptr ? RealOf(*form.Focus()) : nullptr;
+        wxWindow* focus = wxWindow::FindFocus();
+        return real != nullptr && focus != nullptr && (focus == real || focus->GetParent() == real);
+    })) << form.Name()
+        << " does not get the focus";
+}
+
 }  // namespace
 
 void RealPlayer::Start(views::Form& form) {
@@ -120,8 +131,17 @@ void RealPlayer::Paste(views::Control& control, const std::string& text) {
     Settle();
 }
 
-void RealPlayer::ClickCell(views::Grid& grid, int row, int column, bool twice) {
-    test::ClickCell(grid, row, column, twice);
+// Row 0 and column 0 are the headings.
+void RealPlayer::ClickCell(views::Grid& plain, int row, int column, bool twice) {
+    const auto where = [&] {
+        auto* grid = static_cast<wxGrid*>(RealOf(plain));
+        const wxRect cell = grid->CellToRect(std::max(row - 1, 0), std::max(column - 1, 0));
+        const wxPoint at = grid->CalcScrolledPosition(cell.GetTopLeft()) + wxPoint(8, 8);
+        if (row == 0) return grid->GetGridColLabelWindow()->ClientToScreen(wxPoint(at.x, 8));
+        if (column == 0) return grid->GetGridRowLabelWindow()->ClientToScreen(wxPoint(8, at.y));
+        return grid->GetGridWindow()->ClientToScreen(at);
+    };
+    ClickAt(where, twice);
 }
 
 std::string RealPlayer::Differences(const views::Form& form) {
