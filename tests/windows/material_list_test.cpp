@@ -52,8 +52,8 @@ TEST_F(MaterialListWindow, LooksAroundInTheListOfADirectory) {
             -> cboEditDataProcess; cboEditDataProcess {Plasma; Oxy Fuel; Water}; cboEditDataProcess
             -> ""; no txtSpinText; txtSpinText ""; no spinButton; (cmdCopy); (cmdPaste); (cmdDelete)
             -> chkAllowKerfCompensated on; chkNestClearanceCheck off; chkTracePlate off
-            -> chkPrePierceEnabled off; (txtMinPlateThickness); txtMinPlateThickness "0.5"; focus
-            -> grdMaterialList
+            -> chkPrePierceEnabled off; (txtMinPlateThickness); txtMinPlateThickness "0.5"
+            -> focus grdMaterialList
         Tab, Tab, Tab, Enter -> row 1: 1 | MS | Plasma | 25; at 2 3; no cboEditDataType
             -> cboEditDataProcess "plasma"; txtSpinText; txtSpinText "0"; spinButton
         Shift+Tab, Ctrl+Left, Left, Ctrl+Down, Enter -> row 2: 2 | MS | Oxy Fuel | 0; row 3: 3 | MS
@@ -118,8 +118,8 @@ TEST_F(MaterialListWindow, ThicknessesAreTypedAndStepped) {
     PlayInP10(R"(
         click 1 3, focus txtSpinText, '30', Shift+Tab -> row 1: 1 | MS | Plasma | 25; at 1 2
             -> no cboEditDataType; cboEditDataProcess; cboEditDataProcess "Plasma"; txtSpinText "25"
-        click 1 3, focus txtSpinText, '.5', Down -> row 1: 1 | MS | Plasma | 0.5; at 2 3; no
-            -> cboEditDataProcess; txtSpinText; txtSpinText "12.5"; spinButton
+        click 1 3, focus txtSpinText, '.5', Down -> row 1: 1 | MS | Plasma | 0.5; at 2 3
+            -> no cboEditDataProcess; txtSpinText; txtSpinText "12.5"; spinButton
         Up, focus txtSpinText, '-1', click 2 3 -> row 1: 1 | MS | Plasma | 0
         Up, focus txtSpinText, '123456789012345' -> row 1: 1 | MS | Plasma | 12345678901235; at 1 3
             -> txtSpinText "12345678901235"; focus txtSpinText
@@ -154,9 +154,9 @@ TEST_F(MaterialListWindow, EntriesAreCopiedPastedAndDeleted) {
             -> ?"; c:\tolvarin\USER\PROD\P10\MATERIAL.DAT -Type=MS; -Thickness=10mm; -Process=Plasma
             -> -\r; -[Mat2]; -Type=SS304; +Type=Wear 400
         click cmdMaterial, Ctrl+Space, yes, Alt+D, no, close, click cmdMaterial -> ...
-        Ctrl+Space, yes, Alt+D, Right, 'x', Down, Ctrl+Space, Ctrl+Left -> ...
-        click cmdAdd, click cmdAdd -> row 1: 1 | MS | Plasma | 0; row 2: 2 | MS | Plasma | 0; at 2 1
-            -> cboEditDataType; cboEditDataType "MS"; txtSpinText "0"
+        Ctrl+Space, yes, Alt+D, Right, 'x', Down, Ctrl+Space -> ...
+        Ctrl+Left, click cmdAdd, click cmdAdd -> row 1: 1 | MS | Plasma | 0; row 2: 2 | MS | Plasma
+            -> | 0; at 2 1; cboEditDataType; cboEditDataType "MS"; txtSpinText "0"
     )");
 }
 
@@ -183,9 +183,9 @@ TEST_F(MaterialListWindow, ListsThatAreFullInUseOrUnreadable) {
             -> c:\tolvarin\user\prod\p10\material.dat is Too big"; beep; box "Error in Loading"
             -> "Problem During Loading files\rCan not start Material List Edit"
         write c:\tolvarin\system\mattypes.dat '', write c:\tolvarin\system\process.dat '' -> ...
-        click cmdSysDefaults, Tab, Tab, click cmdAdd, yes, close -> focus cmdSysDefaults; box Yes/No
-            -> none "Save Material List file" "<9>Save Changes ?"; c:\tolvarin\system\material.dat
-            -> +\r; +[Mat3]; +Type=; +Thickness=mm; +Process=
+        click cmdSysDefaults, Tab, Tab, click cmdAdd, yes, close -> focus cmdSysDefaults
+            -> box Yes/No none "Save Material List file" "<9>Save Changes ?"
+            -> c:\tolvarin\system\material.dat +\r; +[Mat3]; +Type=; +Thickness=mm; +Process=
     )");
 }
 
