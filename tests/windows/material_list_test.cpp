@@ -52,8 +52,8 @@ TEST_F(MaterialListWindow, LooksAroundInTheListOfADirectory) {
             -> cboEditDataProcess; cboEditDataProcess {Plasma; Oxy Fuel; Water}; cboEditDataProcess
             -> ""; no txtSpinText; txtSpinText ""; no spinButton; (cmdCopy); (cmdPaste); (cmdDelete)
             -> chkAllowKerfCompensated on; chkNestClearanceCheck off; chkTracePlate off
-            -> chkPrePierceEnabled off; (txtMinPlateThickness); txtMinPlateThickness "0.5"; focus
-            -> grdMaterialList
+            -> chkPrePierceEnabled off; (txtMinPlateThickness); txtMinPlateThickness "0.5"
+            -> focus grdMaterialList
         Tab, Tab, Tab, Enter -> row 1: 1 | MS | Plasma | 25; at 2 3; no cboEditDataType
             -> cboEditDataProcess "plasma"; txtSpinText; txtSpinText "0"; spinButton
         Shift+Tab, Ctrl+Left, Left, Ctrl+Down, Enter -> row 2: 2 | MS | Oxy Fuel | 0; row 3: 3 | MS
@@ -118,8 +118,8 @@ TEST_F(MaterialListWindow, ThicknessesAreTypedAndStepped) {
     PlayInP10(R"(
         click 1 3, focus txtSpinText, '30', Shift+Tab -> row 1: 1 | MS | Plasma | 25; at 1 2
             -> no cboEditDataType; cboEditDataProcess; cboEditDataProcess "Plasma"; txtSpinText "25"
-        click 1 3, focus txtSpinText, '.5', Down -> row 1: 1 | MS | Plasma | 0.5; at 2 3; no
-            -> cboEditDataProcess; txtSpinText; txtSpinText "12.5"; spinButton
+        click 1 3, focus txtSpinText, '.5', Down -> row 1: 1 | MS | Plasma | 0.5; at 2 3
+            -> no cboEditDataProcess; txtSpinText; txtSpinText "12.5"; spinButton
         Up, focus txtSpinText, '-1', click 2 3 -> row 1: 1 | MS | Plasma | 0
         Up, focus txtSpinText, '123456789012345' -> row 1: 1 | MS | Plasma | 12345678901235; at 1 3
             -> txtSpinText "12345678901235"; focus txtSpinText
@@ -141,7 +141,8 @@ TEST_F(MaterialListWindow, EntriesAreCopiedPastedAndDeleted) {
         Ctrl+Space, no, click cmdDelete -> unmarked; cmdDelete; focus cmdDelete; box Yes/No none
             -> "Deleting Processing data" "<5>Delete Data Index 4\r<6>Are You Sure ?"
         yes, Alt+D -> at 3 1; marked; cboEditDataType "SS304"; (cmdDelete); focus grdMaterialList
-            -> gone row 4: 4 | MS | Plasma | 0; box again "Deleting Processing data"
+            -> gone row 4: 4 | MS | Plasma | 0; box Yes/No none "Deleting Processing data"
+            -> "<5>Delete Data Index 4\r<6>Are You Sure ?"
         double 2 1, 'q', yes, Alt+D -> at 2 1; gone row 3: 3 | SS304 | Oxy Fuel | 12.5; box Yes/No
             -> none "Deleting Processing data" "<5>Delete Data Index 2\r<6>Are You Sure ?"
         click 2 1, 'w', double 1 2, yes, Alt+D -> row 1: 1 | Wear 400 | Oxy Fuel | 12.5; at 1 2
@@ -153,9 +154,9 @@ TEST_F(MaterialListWindow, EntriesAreCopiedPastedAndDeleted) {
             -> ?"; c:\tolvarin\USER\PROD\P10\MATERIAL.DAT -Type=MS; -Thickness=10mm; -Process=Plasma
             -> -\r; -[Mat2]; -Type=SS304; +Type=Wear 400
         click cmdMaterial, Ctrl+Space, yes, Alt+D, no, close, click cmdMaterial -> ...
-        Ctrl+Space, yes, Alt+D, Right, 'x', Down, Ctrl+Space, Ctrl+Left -> ...
-        click cmdAdd, click cmdAdd -> row 1: 1 | MS | Plasma | 0; row 2: 2 | MS | Plasma | 0; at 2 1
-            -> cboEditDataType; cboEditDataType "MS"; txtSpinText "0"
+        Ctrl+Space, yes, Alt+D, Right, 'x', Down, Ctrl+Space -> ...
+        Ctrl+Left, click cmdAdd, click cmdAdd -> row 1: 1 | MS | Plasma | 0; row 2: 2 | MS | Plasma
+            -> | 0; at 2 1; cboEditDataType; cboEditDataType "MS"; txtSpinText "0"
     )");
 }
 
@@ -183,8 +184,8 @@ TEST_F(MaterialListWindow, ListsThatAreFullInUseOrUnreadable) {
             -> "Problem During Loading files\rCan not start Material List Edit"
         write c:\tolvarin\system\mattypes.dat '', write c:\tolvarin\system\process.dat '' -> ...
         click cmdSysDefaults, Tab, Tab, click cmdAdd, yes, close -> focus cmdSysDefaults
-            -> box again "Save Material List file"; c:\tolvarin\system\material.dat +\r; +[Mat3]
-            -> +Type=; +Thickness=mm; +Process=
+            -> box Yes/No none "Save Material List file" "<9>Save Changes ?"
+            -> c:\tolvarin\system\material.dat +\r; +[Mat3]; +Type=; +Thickness=mm; +Process=
     )");
 }
 
@@ -202,18 +203,18 @@ TEST_F(MaterialListWindow, OptionsAreSavedByThemselves) {
         click cmdMaterial, paste txtMinPlateThickness '12.5mm' -> ...
         click chkPrePierceEnabled -> chkPrePierceEnabled off; (txtMinPlateThickness); focus
             -> chkPrePierceEnabled
-        click chkNestClearanceCheck, click chkTracePlate, yes, close -> box again "Save Material
-            -> List file"; c:\tolvarin\network\user1\nestuser.ini -NestCheck=1
-            -> -tracePlateOUTLINE=1; -PrePiercingEnabled=1; -PrePiercingThickness=0; +NestCheck=0
-            -> +tracePlateOUTLINE=0; +PrePiercingEnabled=0; +PrePiercingThickness=12.5
+        click chkNestClearanceCheck, click chkTracePlate, yes, close -> box Yes/No none "Save
+            -> Material List file" "<9>Save Changes ?"; c:\tolvarin\network\user1\nestuser.ini
+            -> -NestCheck=1; -tracePlateOUTLINE=1; -PrePiercingEnabled=1; -PrePiercingThickness=0
+            -> +NestCheck=0; +tracePlateOUTLINE=0; +PrePiercingEnabled=0; +PrePiercingThickness=12.5
         remove c:\tolvarin\network\user1\nestuser.ini, click cmdMaterial -> ...
-        click chkTracePlate, yes, close -> box again "Save Material List file"
-            -> c:\tolvarin\network\user1\nestuser.ini +[Nest]; +AllowKerfProg=0; +NestCheck=0
-            -> +TracePlateOutline=1; +PrePiercingEnabled=0; +PrePiercingThickness=50
+        click chkTracePlate, yes, close -> box Yes/No none "Save Material List file" "<9>Save
+            -> Changes ?"; c:\tolvarin\network\user1\nestuser.ini +[Nest]; +AllowKerfProg=0
+            -> +NestCheck=0; +TracePlateOutline=1; +PrePiercingEnabled=0; +PrePiercingThickness=50
         remove c:\tolvarin\network, click cmdMaterial, 'w', click chkTracePlate -> ...
         yes, close -> row 1: 1 | Wear 400 | Plasma | 10; cboEditDataType "Wear 400"; focus cmdClose
-            -> box again "Save Material List file"
-            -> box "Save Material List file" "c:\tolvarin\USER\PROD\p10\material.dat: is read-only"
+            -> box Yes/No none "Save Material List file" "<9>Save Changes ?"; box "Save Material
+            -> List file" "c:\tolvarin\USER\PROD\p10\material.dat: is read-only"
         remove c:\tolvarin\USER\PROD\P10\MATERIAL.DAT, yes, close -> ...
     )");
 }
