@@ -1,178 +1,114 @@
-// Reading process.dat: its defaults, its thickness rows and what the read buffer leaves in the
-// texts.
+// process.dat: what is read of files that were edited by hand, and what the next save writes. How
+// whole files look after a save is seen in the tests of the windows.
 #include "process/process_file.h"
 
 #include <gtest/gtest.h>
 
-#include "tests/process/process_file_fixture.h"
+#include "errors/errors.h"
+#include "process/process_table.h"
+#include "profile/profile.h"
+#include "tests/support/source_files.h"
 #include "text/clean_text.h"
 
-namespace process {
 namespace {
 
+using namespace process;
 using namespace std::string_literals;
+using std::string;
 
-// Names and lead codes are cut out of the one read buffer, with what earlier values left in it.
-TEST_F(ProcessFile, FieldsKeepWhatTheReadBufferHolds) {
-    const std::string bytes =
-        "[Processes]\r\nProcess1=Plasma\r\nProcess2=Ox\r\n"
-        "[Plasma]\r\nRapid=10000\r\nLineMarkRate=500\r\nLeadout=Arc \r\n"
-        "Thickness1=10mm, 2.5, 1200\r\n"
-        "[Ox]\r\nLeadin=A\r\nLeadout=Lines\r\nLeadoutangle=7\r\n";
-    for (int call = 1; call <= 2; ++call) {  // each call begins with an empty buffer
-        ASSERT_TRUE(Read(bytes));
-        ASSERT_EQ(table.ProcessCount, 2);
-        EXPECT_EQ(table.Process(1).Name.View(), "Plasma" + std::string(58, '\0'));
-        EXPECT_EQ(table.Process(1).Leadin.View(),
-                  "\0"
-                  "00\0"s);
-        EXPECT_EQ(table.Process(1).Leadout.View(), "Arc\0"s);
-        EXPECT_EQ(table.Process(2).Name.View(), "Ox\0m, 2.5, 1200"s.append(49, '\0'));
-        EXPECT_EQ(table.Process(2).Leadin.View(), "A\0\0m"s);
-        EXPECT_EQ(table.Process(2).Leadout.View(), "Line");
-        EXPECT_EQ(table.Process(2).Leadoutangle, 7);
-    }
-    // Unless the process was shown, the arc is not a code and its line is lost.
-    const std::string written = Written();
-    EXPECT_EQ(written.find("Leadout=Arc"), written.npos);
-    EXPECT_NE(written.find("Process2=Ox\0m, 2.5, 1200\0"s), written.npos);
-    EXPECT_NE(written.find("[Ox]\r\n"), written.npos);
-    ASSERT_TRUE(ReadProcessFile());
-    EXPECT_EQ(text::CleanText(table.Process(2).Name), "Ox");
-    EXPECT_EQ(table.Process(1).Rapid, 10000);
+// What a save makes of a file when no process was shown in between.
+string Saved(const string& bytes, ProcessTable table = {}) {
+    ReadProcesses(profile::Profile(bytes), table);
+    return ProcessFileText(table);
 }
 
-TEST_F(ProcessFile, NamesAreCutAndFoundWithoutRegardToCase) {
-    const std::string name64(64, 'n');
-    ASSERT_TRUE(Read("[PROCESSES]\nPROCESS1= oxy-fuel \nprocess2=" + name64 + "tail\n" +
-                     "[OXY-FUEL]\nrapid=7\n[" + name64 + "]\nRAPID=8\n"));
-    ASSERT_EQ(table.ProcessCount, 2);
-    EXPECT_EQ(table.Process(1).Rapid, 7);
-    EXPECT_EQ(table.Process(2).Name.View(), name64);
-    EXPECT_EQ(table.Process(2).Rapid, 8);
-}
-
-TEST_F(ProcessFile, MissingKeysTakeTheirDefaults) {
-    table.Process(1).Angle = 33;
-    table.Process(1).Leadoutangle = 44;
-    table.Process(1).AddKerf = 1;
-    const ProcessRecord& record = ReadSection("Other=1\r\n");
-    EXPECT_EQ(record.Rapid, 1);
-    EXPECT_EQ(record.LineMarkRate, 1);
-    EXPECT_EQ(record.MinorOpenKerf, 1);
-    EXPECT_EQ(record.MajorDir + record.MinorDir + record.Extension + record.Leadoutextension, 0);
-    EXPECT_EQ(record.LeadoutPercent + record.LeadoutOverrun + record.AddKerf, 0);
-    EXPECT_EQ(record.ThicknessCount, 0);
-    // Angles are read for straight leads only and else keep what the record held.
-    EXPECT_EQ(record.Angle, 33);
-    EXPECT_EQ(record.Leadoutangle, 44);
-    ReadSection("Leadin=A180\r\nAngle=1\r\nLeadout=line\r\nLeadoutangle=2\r\n");
-    EXPECT_EQ(record.Angle, 33);
-    EXPECT_EQ(record.Leadoutangle, 44);
-    ReadSection("Leadin=Line\r\nLeadout=Line\r\n");
-    EXPECT_EQ(record.Angle, 0);
-    EXPECT_EQ(record.Leadoutangle, 0);
-    // An empty value is there: it is no number, not a missing one.
-    ReadSection("Rapid=\r\nMinorOpenKerf=\r\n");
-    EXPECT_EQ(record.Rapid, 0);
-    EXPECT_EQ(record.MinorOpenKerf, 0);
-}
-
-TEST_F(ProcessFile, IntegersRoundToEvenAndOverflowIsFatal) {
-    for (const auto& [text, value] :
-         std::vector<std::pair<std::string, int>>{{"2.5", 2},
-                                                  {"3.5", 4},
-                                                  {"-2.5", -2},
-                                                  {"-.5", 0},
-                                                  {"1.51%", 2},
-                                                  {"3 2 7 6 7.4", 32767},
-                                                  {"-32768.5", -32768},
-                                                  {"x", 0}}) {
-        EXPECT_EQ(ReadSection("MajorDir=" + text + "\r\n").MajorDir, value) << text;
-    }
-    for (const auto& [text, value] : std::vector<std::pair<std::string, int>>{
-             {"5", 1}, {"-1", 1}, {".001", 1}, {"99999", 1}, {"0.0", 0}, {"no", 0}}) {
-        EXPECT_EQ(ReadSection("AddKerf=" + text + "\r\n").AddKerf, value) << text;
-    }
-    const ProcessTable before = table;
-    EXPECT_EQ(Failure("[Processes]\nProcess1=Q\nProcess2= Plasma \n[Plasma]\nExtension=32767.5\n"),
-              "PROCESS.DAT: Extension=32767.5 of Plasma is outside -32768 to 32767");
-    EXPECT_EQ(table.ProcessCount, before.ProcessCount);
-    EXPECT_TRUE(table.Processes == before.Processes);
-}
-
-TEST_F(ProcessFile, ReadsThicknessRowsAsTheyComeFromEditors) {
-    struct Case {
-        std::string text;
-        ThicknessRow row;
+// Lines of a section, and those that a save writes other than for a section without lines.
+TEST(ProcessFile, KeysOfOneProcess) {
+    const std::pair<const char*, const char*> kCases[] = {
+        {"rapid=\nLineMarkRate=-1e99\nMinorOpenKerf=\nAddKerf=-.001",
+         "Rapid=0|LineMarkRate=-3.402823E+38|MinorOpenKerf=0|AddKerf=1"},
+        {"MajorDir=1\nMinorDir=-1\nExtension=1\nAddKerf=99999\nLeadoutextension=2",
+         "MajorDir=1|MinorDir=-1|Extension=1|AddKerf=1|Leadoutextension=2"},
+        // What is none of the known numbers goes.
+        {"MajorDir=2\nMinorDir=-2\nMinorOpenKerf=2\nExtension=2\nLeadoutextension=-1\nAddKerf=no",
+         ""},
+        // Of an arc the blank is lost on the way in, and with it the code.
+        {"Leadin=Arc \nLeadout=Arc ", ""},
+        {"Leadin=line\nLeadout=Liner", "Leadout=Line|Leadoutangle=0"},
+        {"Leadin=Line\nLeadout=Line\nLeadoutangle=1.51%",
+         "Leadin=Line|Angle=0|Leadout=Line|Leadoutangle=2"},
+        // Halves go to the even neighbour; 16 bits are the limit.
+        {"LeadoutPercent=2.5\nLeadoutOverrun=-32768.5", "LeadoutPercent=2|LeadoutOverrun=-32768"},
+        {"LeadoutPercent=3 2767.4\nLeadoutOverrun=-3.5", "LeadoutPercent=32767|LeadoutOverrun=-4"},
+        // Only a thickness keeps its sign; an empty number takes the next; the list ends at a gap.
+        {"Thickness1=12mm, 3, 900, 6\nThickness3=1", "Thickness1=12mm, 3, 900, 6, 0"},
+        {"Thickness1=8,1.5,1500,4,1.2", "Thickness1=8mm, 1.5, 1500, 4, 1.2"},
+        {"Thickness1=-.50mm, -2, 1500, 4, 1,9", "Thickness1=-.5mm, 2, 1500, 4, 1"},
+        {"Thickness1=8mm,,1500,4,1", "Thickness1=8mm, 1500, 4, 1, 0"},
+        {"Thickness1=mm, -.5, about 1.5E3 fast, none", "Thickness1=0mm, .5, 1500, 0, 0"},
+        {"Thickness1=1e99, 1e7, .00001, 1234567.8, 0",
+         "Thickness1=3.402823E+38mm, 1E+07, 1E-05, 1234568, 0"},
     };
-    const std::vector<Case> cases = {
-        {"10mm, 2.5, 1200, 5, 1.5", {10, 2.5f, 1200, 5, 1.5f}},
-        {"12mm, 3, 900, 6", {12, 3, 900, 6, 0}},
-        {"8,1.5,1500,4,1.2", {8, 1.5f, 1500, 4, 1.2f}},
-        {"8mm, -2, 1500, 4, 1", {8, 2, 1500, 4, 1}},
-        {"8mm,,1500,4,1", {8, 1500, 4, 1, 0}},
-        {"10mm,,5,6", {10, 5, 6, 0, 0}},
-        {"-3.5mm, -.5, about 1.5E3 fast, 4 5, 1,9", {-3.5f, .5f, 1500, 45, 1}},
-        {"mm, none, 5, 6", {0, 5, 6, 0, 0}},
-        {"9mm, 1, none", {9, 1, 0, 0, 0}},
-        {"7mm", {7, 0, 0, 0, 0}},
-        {",1,2,3,4", {0, 1, 2, 3, 4}},
-        {"1e99, 1e99, 0, 0, 0", {3.40282347e38f, 3.40282347e38f, 0, 0, 0}},
-    };
-    std::string lines;
-    for (std::size_t k = 0; k < cases.size(); ++k) {
-        lines += "Thickness" + std::to_string(k + 1) + "=" + cases[k].text + "\r\n";
+    const string head = "[PROCESSES]\nprocess1= plasma \n[Plasma]\n", usual = Saved(head);
+    for (const auto& [lines, expected] : kCases) {
+        std::istringstream text(Saved(head + lines));
+        string others;
+        for (string line; std::getline(text, line);) {
+            if (line[0] == ';' || usual.find("\n" + line + "\n") != usual.npos) continue;
+            others.append(others.empty() ? "" : "|").append(line, 0, line.size() - 1);
+        }
+        EXPECT_EQ(others, expected) << lines;
     }
-    const ProcessRecord& record = ReadSection(lines + "Thickness99=1\r\n");
-    ASSERT_EQ(record.ThicknessCount, std::ssize(cases));
-    for (std::size_t k = 0; k < cases.size(); ++k) {
-        EXPECT_EQ(record.Rows[k], cases[k].row) << cases[k].text;
-    }
-    const std::string written = Written();
-    EXPECT_NE(written.find("\r\nThickness2=12mm, 3, 900, 6, 0\r\n"), written.npos);
 }
 
-TEST_F(ProcessFile, AGapEndsTheList) {
-    EXPECT_TRUE(Read("[Processes]\r\nProcess1=A\r\nProcess3=C\r\n"));
-    EXPECT_EQ(table.ProcessCount, 1);
-    EXPECT_TRUE(Read("[Processes]\r\nProcess1=A\r\nProcess2=\r\nProcess3=C\r\n"));
-    EXPECT_EQ(table.ProcessCount, 1);
-    EXPECT_TRUE(Read("Process1=A\r\n[[Processes]]\r\nProcess1=A\r\n"));
-    EXPECT_EQ(table.ProcessCount, 0);
-    table.ProcessCount = 3;
-    std::filesystem::remove(drives.Path(kPath));
-    EXPECT_FALSE(ReadProcessFile());
-    EXPECT_EQ(table.ProcessCount, 0);
+// Names are cut out of the one read buffer, with what earlier values left in it.
+TEST(ProcessFile, NamesKeepWhatTheReadBufferHolds) {
+    const string nnn(64, 'n'), names = "[Processes]\nProcess1=Plasma\nProcess2=Ox\nProcess3=";
+    const string text = Saved(names + nnn + "tail\n[Plasma]\nThickness1=10mm, 2.5, 1200\n[" + nnn +
+                              "]\nMajorDir=1");
+    EXPECT_NE(text.find("\nProcess1=Plasma" + string(58, '\0') + "\r\nProcess2=Ox\0m, 2.5, 1200"s +
+                        string(49, '\0') + "\r\nProcess3=" + nnn + "\r\n\r\r\n[Plasma]\r\n"),
+              text.npos);
+    EXPECT_NE(text.find("\r\n[Ox]\r\n"), text.npos);
+    EXPECT_NE(text.find("\r\nMajorDir=1\r\n"), text.npos);
 }
 
-TEST_F(ProcessFile, NewRecordsTakeDefaultsOrACopy) {
-    table.Process(3) = ExampleRecord();
-    ProcessRecord& record = table.Process(20);
-    record = ExampleRecord();
-    record.Name = "New";
-    record.Row(2).Feedrate = 9;
-    record.AddKerf = record.Extension = record.Leadoutextension = record.Leadoutangle = 5;
-    InitProcessRecord(20, 0);
-    ProcessRecord defaults;
-    defaults.Name = "New";
-    defaults.Leadin = "Line";
-    defaults.Leadout = "    ";
-    defaults.MajorDir = defaults.MinorDir = -1;
-    defaults.MinorOpenKerf = 1;
-    defaults.Rows = record.Rows;
-    EXPECT_EQ(record, defaults);
+TEST(ProcessFile, AGapEndsTheListAndAFailureLeavesTheTable) {
+    ProcessTable table;
+    ReadProcesses(profile::Profile("[Processes]\nProcess1=A\nProcess2=\nProcess3=C\n"), table);
+    EXPECT_EQ(ProcessFileText(table), Saved("[Processes]\nProcess1=A\n"));
+    const profile::Profile tooLarge("[Processes]\nProcess1=B\nProcess2=C\n[C]\nExtension=32767.5");
+    EXPECT_THROW(ReadProcesses(tooLarge, table), errors::FatalError);
+    EXPECT_EQ(table.Process(1).Name.View(), "A" + string(63, '\0'));
+}
 
-    record.Row(1) = {};
-    InitProcessRecord(20, 3);
-    ProcessRecord copy = ExampleRecord();
-    copy.Name = "New";
-    copy.Row(2).Feedrate = 9;  // not in use, so not touched
-    EXPECT_EQ(record, copy);
-    EXPECT_EQ(table.Process(3), ExampleRecord());
-    EXPECT_THROW(InitProcessRecord(21, 1), errors::FatalError);
-    EXPECT_THROW(InitProcessRecord(1, 21), errors::FatalError);
+TEST(ProcessFile, TheDemonstrationFileComesBackByteForByte) {
+    const string demo = test::SourceFile("demo/drives/c/tolvarin/system/process.dat");
+    ProcessTable table;
+    ReadProcesses(profile::Profile(demo), table);
+    // What showing each process in the window does.
+    for (ProcessRecord& record : table.Processes) {
+        record.Name = text::CleanText(record.Name);
+        for (auto* code : {&record.Leadin, &record.Leadout}) *code = text::CleanText(*code);
+    }
+    EXPECT_EQ(ProcessFileText(table), demo);
+}
+
+// The smallest counts from 0 down and the largest from 0 up.
+TEST(ProcessFile, RangesOfThicknesses) {
+    ProcessTable table;
+    string list =
+        "[A]\nThickness1=3mm\nThickness2=12.5, 99\nThickness3=8\nThickness5=99\n"
+        "[B]\nThickness1=-3\nThickness2=-1\nThickness3=-4\nThickness4=2\n[Processes]\n";
+    for (int n = 1; n <= 20; ++n) list += "Process" + std::to_string(n) + (n > 1 ? "=B\n" : "=A\n");
+    ReadProcessRanges(profile::Profile(list), table);
+    EXPECT_EQ(table.ProcessNames[0] + table.ProcessNames[1], "AB");
+    EXPECT_EQ(table.ProcessThicknessMin[0], 0);
+    EXPECT_EQ(table.ProcessThicknessMax[0], 12.5f);
+    EXPECT_EQ(table.ProcessThicknessMin[19], -4);
+    EXPECT_EQ(table.ProcessThicknessMax[19], 2);
+    const profile::Profile tooMany(list + "Process21=B\n");
+    EXPECT_THROW(ReadProcessRanges(tooMany, table), errors::FatalError);
 }
 
 }  // namespace
-}  // namespace process
