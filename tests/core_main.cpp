@@ -1,4 +1,4 @@
-// Runs the tests of everything below the windows.
+// Runs the tests of everything that needs no real window.
 #include <gtest/gtest.h>
 
 #include <memory>

@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "tests/gui/person.h"
 #include "text/code_page.h"
@@ -41,16 +39,6 @@ void Send(int key, bool down) {
                 (down ? 0 : KEYEVENTF_KEYUP) | (key == VK_RMENU ? KEYEVENTF_EXTENDEDKEY : 0), 0);
 }
 
-void SendUnicode(char32_t character) {
-    INPUT input[2] = {};
-    for (int i = 0; i < 2; ++i) {
-        input[i].type = INPUT_KEYBOARD;
-        input[i].ki.wScan = static_cast<WORD>(character);
-        input[i].ki.dwFlags = KEYEVENTF_UNICODE | (i == 1 ? KEYEVENTF_KEYUP : 0);
-    }
-    SendInput(2, input, sizeof input[0]);
-}
-
 std::optional<Stroke> StrokeOf(char32_t character) {
     const SHORT found = VkKeyScanW(static_cast<WCHAR>(character));
     if (found == -1) return {};
@@ -61,77 +49,62 @@ std::optional<Stroke> StrokeOf(char32_t character) {
 
 #else
 
+constexpr std::pair<int, KeySym> kModifierKeys[] = {{kShiftKey, XK_Shift_L},
+                                                    {kCtrlKey, XK_Control_L},
+                                                    {kAltKey, XK_Alt_L},
+                                                    {kAltGrKey, XK_ISO_Level3_Shift},
+                                                    {kWindowsKey, XK_Super_L}};
+
 Display* TheDisplay() {
     return GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
 }
 
-const std::vector<std::pair<int, int>>& ModifierKeys() {
-    static std::vector<std::pair<int, int>> keys;
-    keys.clear();
-    for (const auto& [modifier, symbol] : {std::pair{kShiftKey, XK_Shift_L},
-                                           {kCtrlKey, XK_Control_L},
-                                           {kAltKey, XK_Alt_L},
-                                           {kAltGrKey, XK_ISO_Level3_Shift},
-                                           {kWindowsKey, XK_Super_L}}) {
-        keys.emplace_back(modifier, XKeysymToKeycode(TheDisplay(), static_cast<KeySym>(symbol)));
-    }
-    return keys;
+// Keys by their symbols from 256 up, by their codes below.
+void Send(KeySym key, bool down) {
+    const KeySym code = key > 255 ? XKeysymToKeycode(TheDisplay(), key) : key;
+    XTestFakeKeyEvent(TheDisplay(), static_cast<unsigned>(code), down, 0);
+    XSync(TheDisplay(), False);
 }
 
-void Send(int key, bool down) {
-    XTestFakeKeyEvent(TheDisplay(), static_cast<unsigned>(key), down, 0);
-}
-
-// What a key types; 0 for nothing. Level 1 is with Shift, 2 with AltGr.
-char32_t Typed(int key, int level) {
-    const KeySym symbol = XkbKeycodeToKeysym(TheDisplay(), static_cast<KeyCode>(key), 0, level);
-    return gdk_keyval_to_unicode(static_cast<guint>(symbol));
-}
-
-// The keys of the main block.
-constexpr int kFirstKey = 10, kLastKey = 61;
-
-std::optional<Stroke> StrokeOf(char32_t character) {
+// Of the main block of the keyboard, with the blank and the one beside the left Shift key. Level 1
+// is with Shift, 2 with AltGr.
+template <class Visit>
+void ForEachKey(const Visit& visit) {
     for (int level = 0; level < 4; ++level) {
-        for (int key = kFirstKey; key <= 94; ++key) {
-            if (Typed(key, level) != character) continue;
-            return Stroke{key, (level & 1 ? kShiftKey : 0) | (level & 2 ? kAltGrKey : 0)};
+        for (int key = 10; key <= 94; ++key) {
+            if (key > 61 && key != 65 && key != 94) continue;
+            const auto symbol =
+                XkbKeycodeToKeysym(TheDisplay(), static_cast<KeyCode>(key), 0, level);
+            const char32_t typed = gdk_keyval_to_unicode(static_cast<guint>(symbol));
+            if (typed < U' ' || typed == 127) continue;
+            visit(typed, Stroke{key, (level & 1 ? kShiftKey : 0) | (level & 2 ? kAltGrKey : 0)});
         }
     }
-    return {};
+}
+
+std::optional<Stroke> StrokeOf(char32_t character) {
+    std::optional<Stroke> found;
+    ForEachKey([&](char32_t typed, const Stroke& stroke) {
+        if (typed == character && !found) found = stroke;
+    });
+    return found;
 }
 
 #endif
 
 void Press(const Stroke& stroke) {
-#ifdef _WIN32
-    const auto& keys = kModifierKeys;
-#else
-    const auto keys = ModifierKeys();
-#endif
-    for (const auto& [modifier, key] : keys) {
-        if (stroke.modifiers & modifier) Send(key, true);
+    for (const bool down : {true, false}) {
+        for (const auto& [modifier, key] : kModifierKeys) {
+            if (down && (stroke.modifiers & modifier) != 0) Send(key, true);
+        }
+        Send(static_cast<decltype(kModifierKeys[0].second)>(stroke.key), down);
+        for (const auto& [modifier, key] : kModifierKeys) {
+            if (!down && (stroke.modifiers & modifier) != 0) Send(key, false);
+        }
     }
-    Send(stroke.key, true);
-    Send(stroke.key, false);
-    for (const auto& [modifier, key] : keys) {
-        if (stroke.modifiers & modifier) Send(key, false);
-    }
-#ifndef _WIN32
-    XSync(TheDisplay(), False);
-#endif
 }
 
 }  // namespace
-
-void TypeCharacter(char32_t character) {
-    if (const auto stroke = StrokeOf(character)) return Press(*stroke);
-#ifdef _WIN32
-    SendUnicode(character);
-#else
-    FAIL() << "no key types U+" << std::hex << static_cast<unsigned>(character);
-#endif
-}
 
 void PressWith(int modifiers, char32_t character) {
     const auto stroke = StrokeOf(character);
@@ -142,6 +115,17 @@ void PressWith(int modifiers, char32_t character) {
 #ifdef _WIN32
 
 void UseLayout(const std::string&) {}
+
+void TypeCharacter(char32_t character) {
+    if (const auto stroke = StrokeOf(character)) return Press(*stroke);
+    for (const DWORD released : {0, KEYEVENTF_KEYUP}) {
+        INPUT input = {};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wScan = static_cast<WORD>(character);
+        input.ki.dwFlags = KEYEVENTF_UNICODE | released;
+        SendInput(1, &input, sizeof input);
+    }
+}
 
 std::u32string LayoutCharacters() {
     std::u32string all;
@@ -154,14 +138,6 @@ std::u32string LayoutCharacters() {
 
 void PressNamed(const char*) {}
 
-void PressAny(unsigned number, int modifiers) {
-    Press({static_cast<int>('0' + number % 43), modifiers});
-}
-
-void TurnWheel(bool down) {
-    mouse_event(MOUSEEVENTF_WHEEL, 0, 0, static_cast<DWORD>(down ? -WHEEL_DELTA : WHEEL_DELTA), 0);
-}
-
 #else
 
 void UseLayout(const std::string& layout) {
@@ -169,31 +145,22 @@ void UseLayout(const std::string& layout) {
     Until([] { return false; }, 200);  // the new map reaches the toolkit as an event
 }
 
+void TypeCharacter(char32_t character) {
+    const auto stroke = StrokeOf(character);
+    ASSERT_TRUE(stroke) << "no key types U+" << std::hex << static_cast<unsigned>(character);
+    Press(*stroke);
+}
+
 std::u32string LayoutCharacters() {
     std::u32string all;
-    for (int level = 0; level < 4; ++level) {
-        for (int key = kFirstKey; key <= 94; ++key) {
-            if (key > kLastKey && key != 65 && key != 94) continue;
-            const char32_t typed = Typed(key, level);
-            if (typed >= U' ' && typed != 127 && all.find(typed) == all.npos) all += typed;
-        }
-    }
+    ForEachKey([&](char32_t typed, const Stroke&) {
+        if (all.find(typed) == all.npos) all += typed;
+    });
     return all;
 }
 
 void PressNamed(const char* name) {
-    Press({XKeysymToKeycode(TheDisplay(), XStringToKeysym(name)), 0});
-}
-
-void PressAny(unsigned number, int modifiers) {
-    Press({kFirstKey + static_cast<int>(number % (kLastKey - kFirstKey)), modifiers});
-}
-
-void TurnWheel(bool down) {
-    for (const Bool press : {True, False}) {
-        XTestFakeButtonEvent(TheDisplay(), down ? 5 : 4, press, 0);
-    }
-    XSync(TheDisplay(), False);
+    for (const bool down : {true, false}) Send(XStringToKeysym(name), down);
 }
 
 #endif

@@ -19,9 +19,5 @@ void TypeCharacter(char32_t character);
 void PressWith(int modifiers, char32_t character);
 // A key by the name that the display server has for it ("Caps_Lock", "KP_1"); none on Windows.
 void PressNamed(const char* name);
-// Any key of the main block of the keyboard, whatever it types, by a number from 0 up.
-void PressAny(unsigned number, int modifiers);
-// One notch of the mouse wheel.
-void TurnWheel(bool down);
 
 }  // namespace test

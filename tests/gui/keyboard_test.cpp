@@ -3,204 +3,168 @@
 #include "tests/gui/keyboard.h"
 
 #include <gtest/gtest.h>
-#include <wx/clipbrd.h>
 #include <wx/textctrl.h>
+#include <wx/window.h>
 
-#include "app/sys_man.h"
-#include "directories/create_dir.h"
-#include "materiallist/edit_material_list.h"
-#include "materialtypes/add_material_types.h"
-#include "materialtypes/edit_material_types.h"
-#include "process/add_process.h"
-#include "process/process_defaults.h"
-#include "process/thickness_data.h"
 #include "tests/gui/person.h"
-#include "tests/materiallist/material_list_fixture.h"
+#include "tests/gui/real_player.h"
+#include "tests/support/workshop.h"
+#include "text/clean_text.h"
 #include "text/code_page.h"
-#include "views/screen.h"
+#include "views/text_box.h"
 
 namespace {
 
-std::string Utf8(std::u32string_view characters) {
-    wxString text;
-    for (const char32_t character : characters) text += wxUniChar(character);
-    return text.ToStdString(wxConvUTF8);
+std::string TextIn(const views::Control& field) {
+    const auto* grid = dynamic_cast<const views::Grid*>(&field);
+    return grid ? grid->CurrentText() : dynamic_cast<const views::TextPart&>(field).Text();
 }
 
-class AtTheKeyboard : public ::testing::Test {
-  protected:
-    AtTheKeyboard() {
-        files.Load(materiallist::kExistingDirectory,
-                   test::ListFile({{"MS", "PLASMA", "10"}, {"SS", "Oxy Fuel", "12.5"}}));
-        auto& table = process::TheProcesses();
-        table.ProcessCount = process::Shared().CurrentProcess = 1;
-        table.Process(1).Name = "Plasma";
-        table.Process(1).ThicknessCount = 2;
-        table.Process(1).Row(1) = {2, 1, 1, 1, 1};
-    }
-    ~AtTheKeyboard() override { test::UseLayout("us"); }
-
-    // Types all characters of all layouts with this field of the form as the current one, a few at
-    // a time after `fresh`, and looks at what has become of them. Where all are refused the text
-    // stays that was there.
-    void TypeAll(views::Form& form, const std::function<void()>& fresh,
-                 const std::function<std::string()>& text, bool (*accepted)(char)) {
-        test::WorkIn(form, [&] {
-            for (const char* layout : {"us", "de", "fr", "gr", "pl"}) {
-                SCOPED_TRACE(layout);
-                test::UseLayout(layout);
-                const std::u32string all = test::LayoutCharacters();
-                ASSERT_GE(all.size(), 90u);
-                for (std::size_t at = 0; at < all.size() && !HasFailure(); at += kAtOnce) {
-                    fresh();
-                    const std::string there = text();
-                    std::string expected;
-                    for (const char32_t character : all.substr(at, kAtOnce)) {
-                        test::TypeCharacter(character);
-                        const auto byte = text::FromUnicode(character);
-                        if (byte && accepted(*byte)) expected += *byte;
-                    }
-                    if (expected.empty()) expected = there;
-                    EXPECT_TRUE(test::Until([&] { return text() == expected; }))
-                        << text::ToUtf8(text()) << "\nof " << Utf8(all.substr(at, kAtOnce));
-                    EXPECT_EQ(test::Differences(form), "");
-                }
-                characters += static_cast<int>(all.size());
-#ifdef _WIN32
-                break;
-#endif
-            }
-            form.Dismiss();
-        });
-        RecordProperty("characters", characters);
-    }
-    template <class Box>
-    void TypeAllInto(views::Form& form, Box& box) {
-        TypeAll(
-            form, [&] { box.SetFocus(), box.SetText("?"), box.SelectAll(); },
-            [&] { return box.Text(); }, [](char) { return true; });
-    }
-    // Into the cell in the first column, which is left and entered again each time.
-    void TypeAllIntoCell(views::Form& form, views::Grid& grid, bool (*accepted)(char)) {
-        TypeAll(
-            form, [] { test::Key(WXK_RIGHT), test::Key(WXK_LEFT); },
-            [&] { return grid.CurrentText(); }, accepted);
-    }
-
-    static constexpr std::size_t kAtOnce = 12;
-    test::MaterialListFiles files;
-    int characters = 0;
+// The deeds that lead to a field, and which characters it takes.
+struct Field {
+    const char* way;
+    bool (*takes)(char);
 };
 
-TEST_F(AtTheKeyboard, ACellOfTheMaterialTypes) {
-    materialtypes::FrmEditMaterialTypes form;
-    TypeAllIntoCell(form, form.grdMaterialTypes, [](char c) { return c >= 32 && c <= 126; });
+class AtTheKeyboard : public ::testing::TestWithParam<Field> {
+  protected:
+    ~AtTheKeyboard() override { test::UseLayout("us"); }
+
+    void In(const std::string& way, const std::function<void(views::Form&)>& typing) {
+        test::RealPlayer player;
+        player.own = [&](views::Form& form) {
+            typing(form);
+            form.Dismiss();
+        };
+        player.Play(workshop, way + ", '*' -> ...");
+    }
+    const test::Workshop workshop;
+};
+
+TEST_P(AtTheKeyboard, EveryCharacterArrivesOrIsRefused) {
+    In(GetParam().way, [](views::Form& form) {
+        views::Control& field = *form.Focus();
+        auto* text = dynamic_cast<views::TextPart*>(&field);
+        for (const char* layout : {"us", "de", "fr", "gr", "pl"}) {
+            SCOPED_TRACE(layout);
+            test::UseLayout(layout);
+            const std::u32string all = test::LayoutCharacters();
+            ASSERT_GE(all.size(), 90u);
+            for (std::size_t at = 0; at < all.size() && !HasFailure(); at += 12) {
+                // Typed over what is there, which stays where all are refused.
+                if (text) text->SetText("?"), text->SelectAll();
+                if (!text) test::Key(WXK_RIGHT), test::Key(WXK_LEFT);
+                const std::string there = TextIn(field);
+                std::string expected;
+                for (const char32_t character : all.substr(at, 12)) {
+                    test::TypeCharacter(character);
+                    const auto byte = text::FromUnicode(character);
+                    if (byte && GetParam().takes(*byte)) expected += *byte;
+                }
+                if (expected.empty()) expected = there;
+                EXPECT_TRUE(test::Until([&] { return TextIn(field) == expected; }))
+                    << text::ToUtf8(TextIn(field)) << "\nnot " << text::ToUtf8(expected);
+                EXPECT_EQ(test::Differences(form), "");
+            }
+#ifdef _WIN32
+            break;
+#endif
+        }
+    });
 }
 
-TEST_F(AtTheKeyboard, TheEditBoxOfTheMaterialTypes) {
-    materialtypes::FrmEditMaterialTypes form;
-    TypeAllInto(form, form.txtEditData);
+bool All(char) {
+    return true;
+}
+bool Ascii(char c) {
+    return c >= 32 && c <= 126;
+}
+bool Printable(char c) {
+    return text::IsPrintableChar({&c, 1});
 }
 
-TEST_F(AtTheKeyboard, TheNumberBoxOfTheThicknesses) {
-    process::FrmThicknessData form;
-    TypeAllInto(form, form.txtEditData);
-}
+INSTANTIATE_TEST_SUITE_P(
+    Fields, AtTheKeyboard,
+    ::testing::Values(Field{"click cmdSysMaterial", Ascii},
+                      Field{"click cmdSysMaterial, focus txtEditData", All},
+                      Field{"click cmdSysProcess, click cmdThicknessData, focus txtEditData", All},
+                      Field{"click cmdSysProcess, click cmdAddProcess", All},
+                      Field{"click cmdSysDefaults", Printable},
+                      Field{"click cmdSysDefaults, focus cboEditDataType", All},
+                      Field{"click cmdSysDefaults, click 1 2, focus cboEditDataProcess", All},
+                      Field{"click cmdCreate", All}));
 
-TEST_F(AtTheKeyboard, ACellOfTheMaterialList) {
-    materiallist::FrmEditMaterialList form;
-    TypeAllIntoCell(form, form.grdMaterialList,
-                    [](char c) { return text::IsPrintableChar({&c, 1}); });
-}
-
-TEST_F(AtTheKeyboard, TheTypesOfTheMaterialList) {
-    materiallist::FrmEditMaterialList form;
-    TypeAllInto(form, form.cboEditDataType);
-}
-
-TEST_F(AtTheKeyboard, TheProcessesOfTheMaterialList) {
-    materiallist::FrmEditMaterialList form;
-    TypeAll(
-        form,
-        [&] {
-            if (form.grdMaterialList.HasFocus()) test::Key(WXK_RIGHT);
-            form.cboEditDataProcess.SetFocus();
-            form.cboEditDataProcess.SetText("?");
-            form.cboEditDataProcess.SelectAll();
-        },
-        [&] { return form.cboEditDataProcess.Text(); }, [](char) { return true; });
-}
-
-TEST_F(AtTheKeyboard, TheNameOfANewProcess) {
-    process::FrmProcessDefaults owner;
-    process::FrmAddProcess form(owner);
-    TypeAllInto(form, form.txtNewProcessName);
-}
-
-TEST_F(AtTheKeyboard, TheNameOfANewDirectory) {
-    app::SysMan main;
-    directories::CreateDir form(main.Area(), [](const std::string&) {});
-    TypeAllInto(form, form.txtDirName);
-}
-
+// Ways to type that no layout has on a key, and keys that type nothing.
 TEST_F(AtTheKeyboard, OtherWaysToType) {
-    materialtypes::FrmEditMaterialTypes form;
-    const auto& grid = form.grdMaterialTypes;
-    test::WorkIn(form, [&] {
+    In("click cmdSysMaterial", [](views::Form& form) {
+        views::Control& grid = *form.Focus();
+        const auto shows = [&](const std::string& text) {
+            EXPECT_TRUE(test::Until([&] {
+                return TextIn(grid) == text && test::Differences(form).empty();
+            })) << TextIn(grid)
+                << ", not " << text << "; " << test::Differences(form);
+        };
+        const auto press = [](const char* keys) {
+            for (; *keys != '\0'; ++keys) test::Key(*keys, wxMOD_CONTROL);
+        };
+        test::Key(WXK_TAB), test::Key(WXK_TAB);  // to the last cell
+        test::Key(WXK_LEFT);
 #ifndef _WIN32
         test::UseLayout("de");
         test::PressNamed("Caps_Lock");
         test::TypeCharacter(U'a');
-        test::PressNamed("Caps_Lock");
+        for (const char* key : {"Caps_Lock", "Num_Lock", "KP_1", "KP_Delete", "KP_Subtract"}) {
+            test::PressNamed(key);
+        }
+        shows("A1,-");
         test::PressNamed("Num_Lock");
-        for (const char* key : {"KP_1", "KP_Delete", "KP_Subtract"}) test::PressNamed(key);
-        test::PressNamed("Num_Lock");
-        EXPECT_TRUE(test::Until([&] { return grid.CurrentText() == "A1,-"; }))
-            << grid.CurrentText();
         test::PressNamed("KP_Right");  // without Num Lock a key that moves
+        shows("7.85");
         test::Key(WXK_LEFT);
-        form.txtEditData.SetFocus();
-        form.txtEditData.SetText("");
+#endif
+        test::Key(WXK_F6);
+        auto& box = dynamic_cast<views::TextPart&>(*form.Focus());
+#ifndef _WIN32
         for (const char* dead : {"dead_acute", "dead_circumflex"}) {
             test::PressNamed(dead);
             test::TypeCharacter(U'e');
         }
-        EXPECT_TRUE(test::Until([&] { return form.txtEditData.Text() == "\xE9\xEA"; }))
-            << text::ToUtf8(form.txtEditData.Text());
+        shows("\xE9\xEA");
         test::UseLayout("us");
 #endif
         // Held with Alt or the Windows key it is no typing: the text and what is selected stay.
-        form.txtEditData.SetFocus();
-        form.txtEditData.SetText("abc");
-        form.txtEditData.Select(1, 1);
+        box.Edited("abc", 3);
+        box.Select(1, 1);
         for (const int held : {test::kAltKey, test::kWindowsKey}) {
-            test::PressWith(held, U'x');
-            test::PressWith(held, U'7');
-            test::Until([] { return false; }, 100);
-            EXPECT_EQ(form.txtEditData.Text(), "abc");
-            EXPECT_EQ(form.txtEditData.SelLength(), 1u);
+            for (const char32_t key : {U'x', U'7'}) test::PressWith(held, key);
         }
-        test::Key('X', wxMOD_CONTROL);
-        EXPECT_EQ(grid.CurrentText(), "ac");
-        test::Key('V', wxMOD_CONTROL);
-        test::Key('V', wxMOD_CONTROL);
-        EXPECT_EQ(grid.CurrentText(), "abbc");
-        test::Key('A', wxMOD_CONTROL);
-        test::Key('C', wxMOD_CONTROL);
+        test::Until([] { return false; }, 100);
+        shows("abc");
+        EXPECT_EQ(box.SelLength(), 1u);
+        press("XVV");
+        shows("abbc");
+        press("AC");
         test::Key(WXK_END);
-        test::Key('V', wxMOD_CONTROL);
-        EXPECT_EQ(grid.CurrentText(), "abbcabbc");
-        test::Key('Z', wxMOD_CONTROL);  // undone where the platform does that, and shown so
-        EXPECT_EQ(test::Differences(form), "");
-        EXPECT_EQ(grid.CurrentText(), form.txtEditData.Text());
+        press("V");
+        shows("abbcabbc");
+        // Pasting what the character set lacks is refused, not replaced by question marks.
+        auto* real = dynamic_cast<wxTextEntry*>(test::RealOf(*form.Focus()));
+        real->WriteText(wxString::FromUTF8("\xCE\xA9"));
+        shows("abbcabbc");
+        press("Z");  // undone where the platform does that, and shown so
+        shows(box.Text());
         // Into a grid the same keys type nothing.
-        form.grdMaterialTypes.SetFocus();
-        for (const char key : {'A', 'C', 'V', 'X', 'Z'}) test::Key(key, wxMOD_CONTROL);
+        const std::string there = box.Text();
+        grid.SetFocus();
+        press("ACVXZ");
         for (const int held : {test::kAltKey, test::kWindowsKey}) test::PressWith(held, U'7');
         test::Until([] { return false; }, 100);
-        EXPECT_EQ(grid.CurrentText(), form.txtEditData.Text());
-        EXPECT_EQ(test::Differences(form), "");
-        form.Dismiss();
+        shows(there);
+        // By a menu of the mouse it comes without any key, and in a box that lacks the focus.
+        real->WriteText(wxString::FromUTF8("\xC3\xBC"));
+        EXPECT_TRUE(test::Until([&] { return box.Text() != there; }));
+        shows(box.Text());
+        EXPECT_FALSE(grid.HasFocus());
     });
 }
 

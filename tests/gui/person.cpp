@@ -3,28 +3,20 @@
 #include <gtest/gtest.h>
 #include <wx/app.h>
 #include <wx/checkbox.h>
-#include <wx/choice.h>
-#include <wx/combobox.h>
-#include <wx/dialog.h>
+#include <wx/ctrlsub.h>
 #include <wx/grid.h>
-#include <wx/listbox.h>
-#include <wx/modalhook.h>
 #include <wx/radiobut.h>
 #include <wx/stopwatch.h>
 #include <wx/textctrl.h>
-#include <wx/timer.h>
+#include <wx/toplevel.h>
 #include <wx/uiaction.h>
 #include <wx/utils.h>
-#include <wx/window.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
-#include <cwchar>
+#include <sstream>
 #include <utility>
 
 #include "text/code_page.h"
-#include "views/application.h"
 #include "views/basic_controls.h"
 #include "views/lists.h"
 #include "views/screen.h"
@@ -39,76 +31,10 @@
 namespace test {
 namespace {
 
-// A list that hangs open has the keyboard for itself.
-bool ListIsOpen() {
-#ifdef _WIN32
-    return false;
-#else
-    return gtk_grab_get_current() != nullptr;
-#endif
-}
-
-constexpr long kPatience = 20000;  // milliseconds
-
 views::wx::WxScreen& TheRealScreen() {
     static auto& screen = dynamic_cast<views::wx::WxScreen&>(views::TheScreen());
     return screen;
 }
-
-// Presses the key again and again until the box is gone: it takes the focus when it likes.
-class BoxAnswer : public wxModalDialogHook, public wxTimer {
-  public:
-    explicit BoxAnswer(int key) : key_(key) {
-        Register();
-#ifdef _WIN32
-        Enter(nullptr);  // of the platform's own box the toolkit knows nothing
-#endif
-    }
-
-  protected:
-    int Enter(wxDialog* dialog) override {
-        waited_.Start();
-        dialog_ = dialog;
-        Start(100);
-        return wxID_NONE;
-    }
-    void Exit(wxDialog*) override { End(); }
-    void Notify() override {
-        if (waited_.Time() > kPatience) {
-            std::fputs("a message box cannot be answered\n", stderr);
-            std::_Exit(1);  // nothing else ends a box that nobody answers
-        }
-#ifdef _WIN32
-        const HWND now = TitleOfBox().empty() ? nullptr : ::GetForegroundWindow();
-        if (box_ != nullptr && now != box_) return End();
-        // Once: pressed twice, the second one would answer the box that comes next.
-        if (now == nullptr || std::exchange(box_, now) == now) return;
-#else
-        // A second press would go to the window below, unless the first one came too early.
-        const wxWindow* focus = wxWindow::FindFocus();
-        const bool ready =
-            focus != nullptr && wxGetTopLevelParent(const_cast<wxWindow*>(focus)) == dialog_;
-        if (!ready || waited_.Time() < nextPress_) return;
-        nextPress_ = waited_.Time() + 2000;
-#endif
-        wxUIActionSimulator().Char(key_);
-    }
-
-  private:
-    void End() {
-        Stop();
-        Unregister();
-        wxTheApp->ScheduleForDestruction(this);
-    }
-
-    int key_;
-    wxStopWatch waited_;
-    const wxDialog* dialog_ = nullptr;
-    long nextPress_ = 0;
-#ifdef _WIN32
-    HWND box_ = nullptr;
-#endif
-};
 
 // Whether a part of the real control has the focus.
 bool HasFocus(const wxWindow* real) {
@@ -124,76 +50,77 @@ bool HasFocus(const wxWindow* real) {
 #endif
 }
 
-// With the caret or the selection where the control has the focus; nobody sees it elsewhere.
-std::string Shown(const wxTextEntry& real, bool focus) {
-    long from = 0, to = 0;
-    if (focus) real.GetSelection(&from, &to);
-    return wxString::Format("'%s' %ld-%ld", real.GetValue(), from, to).ToStdString(wxConvUTF8);
+// A list that hangs open has the keyboard for itself.
+bool ListIsOpen() {
+#ifdef _WIN32
+    return false;
+#else
+    return gtk_grab_get_current() != nullptr;
+#endif
 }
 
-std::string Expected(const views::TextPart& plain, bool focus) {
-    const std::size_t from = focus ? plain.SelStart() : 0, length = focus ? plain.SelLength() : 0;
-    return "'" + text::ToUtf8(plain.Text()) + "' " + std::to_string(from) + "-" +
-           std::to_string(from + length);
+using Facts = std::pair<std::ostringstream, std::ostringstream>;
+
+void Add(Facts& facts, const auto& shown, const auto& expected) {
+    facts.first << shown << " ";
+    facts.second << expected << " ";
 }
 
-std::string Marked(const wxGrid& real) {
-    std::string cells;
-    for (int row = 0; row < real.GetNumberRows(); ++row) {
-        for (int column = 0; column < real.GetNumberCols(); ++column) {
-            if (!real.IsInSelection(row, column)) continue;
-            cells += " " + std::to_string(row) + "," + std::to_string(column);
-        }
-    }
-    return "cell " + std::to_string(real.GetGridCursorRow()) + "," +
-           std::to_string(real.GetGridCursorCol()) + " marked" + cells;
-}
-
-std::string Expected(const views::Grid& plain) {
-    std::string cells;
+void AddGrid(Facts& facts, const wxGrid& real, const views::Grid& plain) {
+    const int top = plain.FixedRows(), left = plain.FixedColumns();
+    Add(facts, real.GetNumberRows(), plain.Rows() - top);
+    Add(facts, real.GetGridCursorRow(), plain.Row() - top);
+    Add(facts, real.GetGridCursorCol(), plain.Column() - left);
     const auto& block = plain.Selection();
-    for (int row = block.firstRow; plain.Highlight() && row <= block.lastRow; ++row) {
-        for (int column = block.firstColumn; column <= block.lastColumn; ++column) {
-            cells += " " + std::to_string(row - 1) + "," + std::to_string(column - 1);
+    for (int row = top; row < plain.Rows(); ++row) {
+        for (int column = left; column < plain.Columns(); ++column) {
+            Add(facts, real.IsInSelection(row - top, column - left),
+                plain.Highlight() && block.firstRow <= row && row <= block.lastRow &&
+                    block.firstColumn <= column && column <= block.lastColumn);
         }
     }
-    return "cell " + std::to_string(plain.Row() - 1) + "," + std::to_string(plain.Column() - 1) +
-           " marked" + cells;
 }
 
 // What a real control shows, and what it should.
-std::pair<std::string, std::string> Compared(const views::Control& plain, const wxWindow* real) {
-    using Kind = views::Control::Kind;
-    switch (plain.GetKind()) {
-        case Kind::kCheckBox:
-            return {std::to_string(static_cast<const wxCheckBox*>(real)->GetValue()),
-                    std::to_string(static_cast<const views::CheckBox&>(plain).Value())};
-        case Kind::kOption:
-            return {std::to_string(static_cast<const wxRadioButton*>(real)->GetValue()),
-                    std::to_string(static_cast<const views::OptionButton&>(plain).Value())};
-        case Kind::kTextBox:
-            return {Shown(*static_cast<const wxTextCtrl*>(real), plain.HasFocus()),
-                    Expected(static_cast<const views::TextBox&>(plain), plain.HasFocus())};
-        case Kind::kComboBox:
-            return {Shown(*static_cast<const wxComboBox*>(real), plain.HasFocus()),
-                    Expected(static_cast<const views::ComboBox&>(plain), plain.HasFocus())};
-        case Kind::kListBox:
-        case Kind::kDropDownList: {
-            const auto& list = static_cast<const views::ListBox&>(plain);
-            const int index = plain.GetKind() == Kind::kListBox
-                                  ? static_cast<const wxListBox*>(real)->GetSelection()
-                                  : static_cast<const wxChoice*>(real)->GetSelection();
-            return {std::to_string(index), std::to_string(list.ListIndex())};
-        }
-        case Kind::kDriveList:
-            return {static_cast<const wxChoice*>(real)->GetStringSelection().ToStdString(),
-                    static_cast<const views::DriveList&>(plain).Drive()};
-        case Kind::kGrid:
-            return {Marked(*static_cast<const wxGrid*>(real)),
-                    Expected(static_cast<const views::Grid&>(plain))};
-        default:
-            return {};
+Facts Compared(const views::Control& plain, const wxWindow* real) {
+    Facts facts;
+    Add(facts, real->IsThisEnabled(), plain.Enabled());
+    Add(facts, real->IsShown(), plain.Visible());
+    if (const auto* captioned = dynamic_cast<const views::CaptionedControl*>(&plain)) {
+        Add(facts, real->GetLabel().utf8_string(), text::ToUtf8(captioned->Caption()));
     }
+    if (const auto* box = dynamic_cast<const views::CheckBox*>(&plain)) {
+        Add(facts, dynamic_cast<const wxCheckBox&>(*real).GetValue(), box->Value());
+    } else if (const auto* option = dynamic_cast<const views::OptionButton*>(&plain)) {
+        Add(facts, dynamic_cast<const wxRadioButton&>(*real).GetValue(), option->Value());
+    } else if (const auto* grid = dynamic_cast<const views::Grid*>(&plain)) {
+        AddGrid(facts, dynamic_cast<const wxGrid&>(*real), *grid);
+    }
+    const auto* list = dynamic_cast<const views::ListBox*>(&plain);
+    const auto* drives = dynamic_cast<const views::DriveList*>(&plain);
+    const auto* text = dynamic_cast<const views::TextPart*>(&plain);
+    const auto* entry = dynamic_cast<const wxTextEntry*>(real);
+    if (list != nullptr || drives != nullptr) {
+        const auto& entries = dynamic_cast<const wxItemContainerImmutable&>(*real);
+        // Of a list with an edit field the text counts.
+        if (entry == nullptr) {
+            Add(facts, entries.GetSelection(), list ? list->ListIndex() : drives->Index());
+        }
+        const auto& items = list ? list->Items() : drives->Items();
+        Add(facts, entries.GetCount(), items.size());
+        for (unsigned i = 0; i < std::min<std::size_t>(entries.GetCount(), items.size()); ++i) {
+            Add(facts, entries.GetString(i).utf8_string(), text::ToUtf8(items[i]));
+        }
+    }
+    if (entry != nullptr && text != nullptr) {
+        Add(facts, entry->GetValue().utf8_string(), text::ToUtf8(text->Text()));
+        // The caret or the selection is seen only where the focus is.
+        long from = 0, to = 0;
+        entry->GetSelection(&from, &to);
+        if (plain.HasFocus()) Add(facts, from, text->SelStart());
+        if (plain.HasFocus()) Add(facts, to - from, text->SelLength());
+    }
+    return facts;
 }
 
 }  // namespace
@@ -221,30 +148,21 @@ void WaitForFocus(const views::Form& form) {
     })) << "the window does not get the focus";
 }
 
-void WorkIn(views::Form& form, const std::function<void()>& steps) {
-    views::ResetApplication();  // a test before may have ended its run
-    bool done = false;
-    wxTheApp->CallAfter([&] {
-        WaitForFocus(form);
-        if (!::testing::Test::HasFailure()) steps();
-        done = true;
-        if (form.IsOpen()) form.Close();
-    });
-    views::ShowModal(form);
-    EXPECT_TRUE(done);
-}
-
 wxWindow* RealOf(const views::Control& control) {
     auto* top = TheRealScreen().Top();
     return top == nullptr ? nullptr : top->WindowOf(control);
 }
 
-void Click(const views::Control& control) {
-    ClickAt([&] {
-        const wxWindow* real = RealOf(control);
+void Click(const views::Control& plain, bool twice) {
+    using Kind = views::Control::Kind;
+    const auto where = [&, kind = plain.GetKind()] {
+        const wxWindow* real = RealOf(plain);
         const wxSize size = real->GetSize();
-        return real->GetScreenPosition() + wxPoint(std::min(size.x / 2, 12), size.y / 2);
-    });
+        const int x = kind == Kind::kComboBox ? size.x - 10 : std::min(size.x / 2, 12);
+        const int y = kind == Kind::kListBox ? real->GetCharHeight() / 2 + 4 : size.y / 2;
+        return real->GetScreenPosition() + wxPoint(x, y);
+    };
+    ClickAt(where, twice);
 }
 
 void ClickAt(const std::function<wxPoint()>& where, bool twice) {
@@ -277,26 +195,21 @@ void Drag(wxPoint from, wxPoint to) {
     Settle();
 }
 
-wxPoint CellAt(const views::Grid& plain, int row, int column) {
-    auto* grid = static_cast<wxGrid*>(RealOf(plain));
-    const wxRect cell = grid->CellToRect(std::max(row - 1, 0), std::max(column - 1, 0));
-    const wxPoint at = grid->CalcScrolledPosition(cell.GetTopLeft()) + wxPoint(8, 8);
-    if (row == 0) return grid->GetGridColLabelWindow()->ClientToScreen(wxPoint(at.x, 8));
-    if (column == 0) return grid->GetGridRowLabelWindow()->ClientToScreen(wxPoint(8, at.y));
-    return grid->GetGridWindow()->ClientToScreen(at);
-}
-
-void ClickCell(const views::Grid& grid, int row, int column, bool twice) {
-    ClickAt([&] { return CellAt(grid, row, column); }, twice);
+void ClickCell(const views::Grid& plain, int row, int column, bool twice) {
+    const auto where = [&] {
+        auto* grid = static_cast<wxGrid*>(RealOf(plain));
+        const wxRect cell = grid->CellToRect(std::max(row - 1, 0), std::max(column - 1, 0));
+        const wxPoint at = grid->CalcScrolledPosition(cell.GetTopLeft()) + wxPoint(8, 8);
+        if (row == 0) return grid->GetGridColLabelWindow()->ClientToScreen(wxPoint(at.x, 8));
+        if (column == 0) return grid->GetGridRowLabelWindow()->ClientToScreen(wxPoint(8, at.y));
+        return grid->GetGridWindow()->ClientToScreen(at);
+    };
+    ClickAt(where, twice);
 }
 
 void Key(int key, int modifiers) {
     wxUIActionSimulator().Char(key, modifiers);
     Settle();
-}
-
-void Type(const char* text) {
-    for (; *text != '\0'; ++text) Key(*text);
 }
 
 bool Until(const std::function<bool()>& condition, long milliseconds) {
@@ -314,37 +227,17 @@ std::string Differences(const views::Form& form) {
         const wxWindow* real = RealOf(*plain);
         if (real == nullptr) return plain->Name() + " has no window";
         const auto [shown, expected] = Compared(*plain, real);
-        if (shown != expected) found += plain->Name() + ": " + shown + ", not " + expected + "\n";
-        if (real->IsThisEnabled() != plain->Enabled()) found += plain->Name() + ": enabled\n";
-        if (real->IsShown() != plain->Visible()) found += plain->Name() + ": visible\n";
+        if (shown.str() != expected.str()) {
+            found += plain->Name() + ": " + shown.str() + "not " + expected.str() + "\n";
+        }
         if (plain->HasFocus() != HasFocus(real) && plain->TakesFocus() && !ListIsOpen()) {
             const wxWindow* focus = wxWindow::FindFocus();
             found += plain->Name() + (plain->HasFocus() ? " lacks" : " has") + " the focus, " +
                      (focus == nullptr ? "nobody" : focus->GetName().ToStdString()) + " has it\n";
         }
     }
-    return found;
-}
-
-std::string TitleOfBox() {
-#ifdef _WIN32
-    wchar_t text[64] = L"";
-    ::GetClassNameW(::GetForegroundWindow(), text, 8);
-    if (std::wcscmp(text, L"#32770") != 0) return {};
-    ::GetWindowTextW(::GetForegroundWindow(), text, 64);
-    return wxString(text).ToStdString();
-#else
-    return {};
-#endif
-}
-
-void AnswerNextBox(bool yes) {
-#ifdef _WIN32
-    const int no = 'N';  // a Yes/No box of this platform cannot be dismissed
-#else
-    const int no = WXK_ESCAPE;
-#endif
-    new BoxAnswer(yes ? WXK_RETURN : no);
+    const std::string title = TheRealScreen().Top()->Window()->GetTitle().utf8_string();
+    return title == text::ToUtf8(form.Caption()) ? found : found + "title: " + title + "\n";
 }
 
 }  // namespace test

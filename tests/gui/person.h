@@ -14,9 +14,6 @@ class wxWindow;
 
 namespace test {
 
-// Shows the form in a real window, does the steps in it and closes it if they have not.
-void WorkIn(views::Form& form, const std::function<void()>& steps);
-
 // Remembers the real screen, before another one is put in front of it.
 void UseRealScreen();
 
@@ -26,22 +23,20 @@ void WaitForFocus(const views::Form& form);
 // Lets everything that has been set off come to rest.
 void Settle();
 
-// The real window of a control of the form that WorkIn shows.
+// The real window of a control of the form on top.
 wxWindow* RealOf(const views::Control& control);
 
-// The button is held down for a tenth of a second, as a hand does.
-void Click(const views::Control& control);
+// The button is held down for a tenth of a second, as a hand does; in a list on its first entry, in
+// a combo box on its arrow.
+void Click(const views::Control& plain, bool twice = false);
 // At a point of the screen, which is asked for again until it stays: windows still move a little
 // when they have just appeared.
 void ClickAt(const std::function<wxPoint()>& where, bool twice = false);
 void Drag(wxPoint from, wxPoint to);
 // A cell of a grid; row 0 and column 0 are the headings.
-wxPoint CellAt(const views::Grid& grid, int row, int column);
 void ClickCell(const views::Grid& grid, int row, int column, bool twice = false);
 // Keys of the toolkit (WXK_TAB, 'A'), with wxMOD_SHIFT and so on.
 void Key(int key, int modifiers = 0);
-// Letters, digits and the point.
-void Type(const char* text);
 
 // Lets the events at hand be handled until the condition holds; false when it does not in a time
 // that no machine needs.
@@ -49,11 +44,5 @@ bool Until(const std::function<bool()>& condition, long milliseconds = 20000);
 
 // What the real controls of the window on top show other than their plain ones, in words.
 std::string Differences(const views::Form& form);
-
-// The title of the platform's own message box that is up, of which the toolkit knows nothing; empty
-// for none, and on Linux, where the toolkit's own are used.
-std::string TitleOfBox();
-// Answers the next message box with Yes (or OK) or with No, by keyboard, as soon as it is there.
-void AnswerNextBox(bool yes);
 
 }  // namespace test

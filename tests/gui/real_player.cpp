@@ -2,10 +2,16 @@
 
 #include <gtest/gtest.h>
 #include <wx/app.h>
+#include <wx/msgdlg.h>
 #include <wx/textentry.h>
+#include <wx/timer.h>
+#include <wx/uiaction.h>
 #include <wx/window.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <map>
+#include <utility>
 
 #include "tests/gui/keyboard.h"
 #include "tests/gui/person.h"
@@ -13,7 +19,53 @@
 #include "views/application.h"
 #include "views/keys.h"
 
+#ifdef _WIN32
+#include <wx/msw/wrapwin.h>
+#else
+#include <wx/generic/msgdlgg.h>  // counts on what stands above
+#endif
+
 namespace test {
+namespace {
+
+// Gives a message box its answer by keyboard. It takes the focus when it likes.
+class BoxAnswer : public wxTimer {
+  public:
+    explicit BoxAnswer(views::Answer answer) {
+        if (answer == views::Answer::kYes || answer == views::Answer::kOk) key_ = WXK_RETURN;
+#ifdef _WIN32
+        if (answer == views::Answer::kNo) key_ = 'N';  // the platform's question has no Escape
+#endif
+        Start(100);
+    }
+
+  private:
+    void Notify() override {
+        if (++tries_ > 200) {
+            std::fputs("a message box cannot be answered\n", stderr);
+            std::_Exit(1);  // nothing else ends a box that nobody answers
+        }
+#ifdef _WIN32
+        // Of the platform's own box the toolkit knows nothing. Pressed twice, the second key would
+        // answer the box that comes next.
+        wchar_t kind[8] = L"";
+        ::GetClassNameW(::GetForegroundWindow(), kind, 8);
+        if (kind != std::wstring(L"#32770") || std::exchange(pressed_, true)) return;
+#else
+        wxWindow* const focus = wxWindow::FindFocus();
+        wxWindow* const top = focus == nullptr ? nullptr : wxGetTopLevelParent(focus);
+        if (dynamic_cast<wxGenericMessageDialog*>(top) == nullptr) return;
+#endif
+        wxUIActionSimulator().Char(key_);
+    }
+
+    int key_ = WXK_ESCAPE, tries_ = 0;
+#ifdef _WIN32
+    bool pressed_ = false;
+#endif
+};
+
+}  // namespace
 
 void RealPlayer::Start(views::Form& form) {
     UseRealScreen();
@@ -25,14 +77,14 @@ void RealPlayer::Start(views::Form& form) {
 void RealPlayer::Run(views::Form& form) {
     wxTheApp->CallAfter([&] {
         WaitForFocus(form);
-        Work(form);
+        WorkIn(form);
     });
     real_->Run(form);
 }
 
 views::Answer RealPlayer::Show(const views::Message& message) {
-    const auto answer = Answer(message);
-    AnswerNextBox(answer == views::Answer::kYes || answer == views::Answer::kOk);
+    const auto answer = Decide(message);
+    const BoxAnswer byKeyboard(answer);
     EXPECT_EQ(real_->Show(message), answer) << message.title;
     return answer;
 }
@@ -51,6 +103,7 @@ void RealPlayer::Press(views::Form&, int key, int shift) {
 }
 
 void RealPlayer::Type(views::Form& form, char character) {
+    if (own && character == '*') return own(form);
     // Of this layout; those of others are typed in the keyboard tests.
     const bool hasKey = character >= ' ' && character <= '~';
     if (!hasKey) return views::Guard([&] { form.KeyPress(character); });

@@ -1,5 +1,5 @@
 // Plays scripts in real windows, by a real keyboard and mouse. Entries of lists are chosen and the
-// focus set as a script reader would, without either.
+// focus set as a script reader would, without either; "click" on a list takes the mouse, though.
 #pragma once
 
 #include "tests/support/script.h"
@@ -7,7 +7,15 @@
 namespace test {
 
 class RealPlayer : public Player, private views::Screen {
+  public:
+    // What a test does itself, as the deed '*'.
+    std::function<void(views::Form&)> own;
+
   protected:
+    // What is done in each window, and said to each message box.
+    virtual void WorkIn(views::Form& form) { Work(form); }
+    virtual views::Answer Decide(const views::Message& message) { return Answer(message); }
+
     void Start(views::Form& form) override;
     void Press(views::Form& form, int key, int shift) override;
     void Type(views::Form& form, char character) override;

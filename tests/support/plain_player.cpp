@@ -59,7 +59,11 @@ void PlainPlayer::Paste(views::Control& control, const std::string& text) {
 }
 
 void PlainPlayer::ClickCell(views::Grid& grid, int row, int column, bool twice) {
-    views::Guard([&] { twice ? grid.DoubleClickCell(row, column) : grid.ClickCell(row, column); });
+    views::Guard([&] {
+        // The second click of a double click comes after an ordinary one.
+        grid.ClickCell(row, column);
+        if (twice) grid.DoubleClickCell(row, column);
+    });
 }
 
 }  // namespace test

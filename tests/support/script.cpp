@@ -6,7 +6,6 @@
 #include <ctime>
 #include <filesystem>
 #include <memory>
-#include <sstream>
 
 #include "app/sys_man.h"
 #include "platform/date_forms.h"
@@ -64,12 +63,11 @@ string Visible(std::string_view text) {
             continue;
         }
         const auto code = static_cast<unsigned char>(text[i]);
+        constexpr const char* kDigits = "0123456789ABCDEF";
         if (code == '\r' || code == '\n' || code == '\0') {
             shown += code == '\r' ? "\\r" : code == '\n' ? "\\n" : "\\0";
         } else if (code < 32 || code > 126) {
-            std::ostringstream hex;
-            hex << "\\x" << std::hex << std::uppercase << static_cast<int>(code);
-            shown += hex.str();
+            shown += string("\\x") + kDigits[code / 16] + kDigits[code % 16];
         } else {
             shown += text[i];
         }
@@ -107,22 +105,19 @@ string Meant(std::string_view text) {
 }
 
 int KeyNamed(const string& name) {
-    static const std::map<string, int> kKeys = {{"Tab", views::kKeyTab},
-                                                {"Enter", views::kKeyEnter},
-                                                {"Esc", views::kKeyEscape},
-                                                {"Space", views::kKeySpace},
-                                                {"Left", views::kKeyLeft},
-                                                {"Right", views::kKeyRight},
-                                                {"Up", views::kKeyUp},
-                                                {"Down", views::kKeyDown},
-                                                {"Home", views::kKeyHome},
-                                                {"End", views::kKeyEnd},
-                                                {"PageUp", views::kKeyPageUp},
-                                                {"F6", views::kKeyF6},
-                                                {"PageDown", views::kKeyPageDown},
-                                                {"Backspace", views::kKeyBackspace}};
-    const auto found = kKeys.find(name);
-    return found != kKeys.end() ? found->second : name.size() == 1 ? name[0] : -1;
+    static constexpr std::pair<std::string_view, int> kKeys[] = {
+        {"Tab", views::kKeyTab},       {"Enter", views::kKeyEnter},
+        {"Esc", views::kKeyEscape},    {"Space", views::kKeySpace},
+        {"Left", views::kKeyLeft},     {"Right", views::kKeyRight},
+        {"Up", views::kKeyUp},         {"Down", views::kKeyDown},
+        {"Home", views::kKeyHome},     {"End", views::kKeyEnd},
+        {"PageUp", views::kKeyPageUp}, {"PageDown", views::kKeyPageDown},
+        {"F6", views::kKeyF6},         {"Backspace", views::kKeyBackspace},
+    };
+    for (const auto& [key, code] : kKeys) {
+        if (key == name) return code;
+    }
+    return name.size() == 1 ? name[0] : -1;
 }
 
 string Quoted(const views::TextPart& part, bool focus) {
@@ -152,7 +147,9 @@ std::vector<std::pair<string, string>> FactsOf(const views::Form& form, bool ope
                 name + (static_cast<const views::CheckBox*>(control)->Value() ? " on" : " off"));
         } else if (kind == Kind::kOption) {
             const auto* option = static_cast<const views::OptionButton*>(control);
-            if (option->Value()) add("", name + " on");
+            if (option->Value()) {
+                facts.emplace_back(option->Group().buttons.front()->Name(), name + " on");
+            }
         } else if (kind == Kind::kTextBox) {
             const auto* box = static_cast<const views::TextBox*>(control);
             add("", name + " " + Quoted(*box, box->HasFocus()));
@@ -191,15 +188,10 @@ std::vector<string> LinesOf(const string& bytes) {
     std::vector<string> lines;
     for (std::size_t at = 0; at < bytes.size();) {
         const auto end = std::min(bytes.find('\n', at), bytes.size());
-        string line = bytes.substr(at, end - at);
-        if (end == bytes.size()) {
-            line = Visible(line) + "<no end>";
-        } else if (line.ends_with('\r')) {
-            line = Visible(line.substr(0, line.size() - 1));
-        } else {
-            line = Visible(line) + "\\n";
-        }
-        lines.push_back(line);
+        const string line = bytes.substr(at, end - at);
+        const bool usual = end < bytes.size() && line.ends_with('\r');
+        const char* const otherEnd = usual ? "" : end < bytes.size() ? "\\n" : "<no end>";
+        lines.push_back(Visible(line.substr(0, line.size() - usual)) + otherEnd);
         at = end + 1;
     }
     return lines;
@@ -398,12 +390,12 @@ views::Answer Player::Answer(const views::Message& message) {
     const string folder = drives_->Folder().string();
     if (const auto at = text.find(folder); at != text.npos)
         text.replace(at, folder.size(), "<drives>");
+    const string title =
+        message.title == "Quarvel System Manager" ? "" : " \"" + message.title + "\"";
     const string box = "box" + string(kButtons[static_cast<int>(message.buttons)]) +
-                       kIcons[static_cast<int>(message.icon)] + " \"" + message.title + "\" \"" +
-                       text + "\"";
+                       kIcons[static_cast<int>(message.icon)] + title + " \"" + text + "\"";
     // What was said before in this script need not be read again.
-    const bool again = !boxes_.insert(box).second;
-    said_.push_back(again ? "box again \"" + message.title + "\"" : box);
+    said_.push_back(boxes_.insert(box).second ? box : "box again" + title);
     if (message.buttons == views::Buttons::kOk) return views::Answer::kOk;
     if (answers_.empty()) {
         ADD_FAILURE() << "nobody answers " << said_.back();
@@ -442,7 +434,9 @@ string Player::ChangesOnDrives() {
     }
     std::vector<string> changes;
     for (const auto& [path, bytes] : files_) {
-        if (!now.contains(path)) changes.push_back(Visible(path) + " gone");
+        // What was in a directory goes with it.
+        if (now.contains(path) || !now.contains(path.substr(0, path.rfind('\\')))) continue;
+        changes.push_back(Visible(path) + " gone");
     }
     for (const auto& [path, bytes] : now) {
         const auto before = files_.find(path);

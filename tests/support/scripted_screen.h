@@ -1,12 +1,16 @@
-// A screen that answers message boxes from a script and works the windows that are shown, in place
-// of a person.
+// A screen that answers message boxes from a list and works the windows that are shown, in place of
+// a person; for tests below the scripts (see script.h).
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <deque>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "views/application.h"
 #include "views/form.h"
 #include "views/screen.h"
 
@@ -14,50 +18,43 @@ namespace test {
 
 class ScriptedScreen : public views::Screen {
   public:
-    ScriptedScreen();
-    ~ScriptedScreen() override;
+    ScriptedScreen() : before_(views::InstallScreen(this)) { views::ResetApplication(); }
+    ~ScriptedScreen() override {
+        views::InstallScreen(before_);
+        views::ResetApplication();
+    }
 
-    // The answers of the boxes to come, in order; a box without one fails the test.
+    // The answers of the boxes to come; without one a box is answered with No.
     std::deque<views::Answer> answers;
-    // What is done in the windows to come, in order; one left open afterwards is closed by its
-    // frame. A window without an entry is just closed.
+    // What is done in the windows to come; one left open afterwards is closed by its frame.
     std::deque<std::function<void(views::Form&)>> windows;
-
-    // What was shown, beeps included, in order: "beep", or "title|text|buttons|icon".
+    // What was shown: "title|text".
     std::vector<std::string> log;
-    int busy = 0;  // depth of the busy pointer
-
-    // The log since the last call.
-    std::vector<std::string> TakeLog();
 
     int Width() const override { return 1000; }
     int Height() const override { return 800; }
-    views::Answer Show(const views::Message& message) override;
-    void Beep() override { log.push_back("beep"); }
-    void SetBusy(bool on) override { busy += on ? 1 : -1; }
-    void Realise(views::Form& form) override;
-    void Run(views::Form& form) override;
+    views::Answer Show(const views::Message& message) override {
+        log.push_back(message.title + "|" + message.text);
+        if (answers.empty()) return views::Answer::kNo;
+        const auto answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    void Beep() override {}
+    void SetBusy(bool) override {}
+    void Realise(views::Form& form) override { form.width = 400, form.height = 300; }
+    void Run(views::Form& form) override {
+        views::Guard([&] { form.Activate(); });
+        if (!windows.empty()) {
+            const auto work = windows.front();
+            windows.pop_front();
+            work(form);
+        }
+        if (form.IsOpen()) views::Guard([&] { form.RequestClose(); });
+    }
 
   private:
     views::Screen* before_;
-};
-
-// The line of the log for a message box.
-std::string Box(const std::string& title, const std::string& text, const std::string& buttons,
-                const std::string& icon);
-
-// What a person at the keyboard does: keys reach the window with the focus as real ones do.
-class Keyboard {
-  public:
-    explicit Keyboard(views::Form& form) : form_(form) {}
-
-    // Presses a key (see keys.h), with what follows from it.
-    void Press(int key, int shift = 0);
-    // Types characters: each is a key, which has a meaning or not, and then a character.
-    void Type(std::string_view text);
-
-  private:
-    views::Form& form_;
 };
 
 }  // namespace test

@@ -27,7 +27,7 @@ TEST(MainWindow, ListsTheDirectoriesOfAKind) {
             -> (cmdPrint); focus lstDirectory
         choose lstDirectory plates -> lstDirectory "plates"; cmdDelete; cmdPrint
         click optProduction -> optProduction on; lstDirectory {notes.txt; p10}; lstDirectory ""
-            -> (cmdDelete); (cmdPrint); focus optProduction; gone optDesign on
+            -> (cmdDelete); (cmdPrint); focus optProduction
         choose lstDirectory p10 -> lstDirectory "p10"; cmdMaterial; cmdDelete; cmdPrint
             -> focus lstDirectory
         Alt+P, Home -> lstDirectory "notes.txt"
@@ -41,20 +41,13 @@ TEST(MainWindow, ListsTheDirectoriesOfAKind) {
 TEST(MainWindow, ADriveWithoutDataIsOffered) {
     Play(R"#(
         no, choose drvList d: -> focus drvList
-            -> box Yes/No "Quarvel System Manager" "No Nest data on d:\nWould you like to make d: a
-            -> Nest data drive?"
+            -> box Yes/No "No Nest data on d:\nWould you like to make d: a Nest data drive?"
         click optProduction, yes, choose drvList d: -> drvList "d:"; optProduction on
-            -> lstDirectory {}; gone optDesign on
-            -> box Yes/No "Quarvel System Manager" "No Nest data on d:\nWould you like to make d: a
-            -> Nest data drive?"; d:\tolvarin made; d:\tolvarin\USER made
+            -> lstDirectory {}; box again; d:\tolvarin made; d:\tolvarin\USER made
             -> d:\tolvarin\USER\DESIGN made; d:\tolvarin\USER\PROD made
         no, remove d:\tolvarin\USER, click optDesign -> drvList "c:"; optDesign on
-            -> lstDirectory {plates}; focus optDesign; gone optProduction on
-            -> box Yes/No "Quarvel System Manager" "No Nest data on d:\nWould you like to make d: a
-            -> Nest data drive?"
-        yes, choose drvList d: -> box Yes/No "Quarvel System Manager" "No Nest data on d:\nWould you
-            -> like to make d: a Nest data drive?"
-            -> box critical "Quarvel System Manager" "d:\tolvarin: exists already"
+            -> lstDirectory {plates}; focus optDesign; box again
+        yes, choose drvList d: -> box again; box critical "d:\tolvarin: exists already"
             -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=d:
             -> ended 1
     )#");
@@ -69,8 +62,7 @@ TEST(MainWindow, StartsAsItIsConfigured) {
             -> "Quarvel System Manager - 2.03"; drvList "c:"; optDesign on; lstDirectory {job}
             -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus lstDirectory
         no, choose drvList d: -> drvList "d:"; lstDirectory {}; focus drvList
-            -> box Yes/No "Quarvel System Manager" "No Nest data on d:\nWould you like to make d: a
-            -> Nest data drive?"
+            -> box Yes/No "No Nest data on d:\nWould you like to make d: a Nest data drive?"
         close -> d:\plant a\network\USER12\nestuser.ini -CurrentSysManDrive=C:\n
             -> +CurrentSysManDrive=d:\n; ended 0
     )#");
@@ -81,42 +73,28 @@ TEST(MainWindow, DeletesADirectoryAfterTwoQuestions) {
         write c:\tolvarin\USER\PROD\P10\TAPE\a.tap 'x' -> ...
         click cmdDelete, click optProduction, choose lstDirectory p10, no, click cmdDelete ->
             -> optProduction on; lstDirectory {p10}; lstDirectory "p10"; cmdMaterial; cmdDelete
-            -> cmdPrint; focus cmdDelete; gone optDesign on
-            -> box Yes/No question "Quarvel System Manager" "Are you sure you want to delete the p10
-            -> directory?"
-        yes, no, click cmdDelete -> box Yes/No question "Quarvel System Manager" "Are you sure you
-            -> want to delete the p10 directory?"
-            -> box Yes/No question "Quarvel System Manager" "Are you REALLY sure you want to delete
-            -> the p10 directory?\n(This is pretty serious!)"
+            -> cmdPrint; focus cmdDelete
+            -> box Yes/No question "Are you sure you want to delete the p10 directory?"
+        yes, no, click cmdDelete -> box again
+            -> box Yes/No question "Are you REALLY sure you want to delete the p10 directory?\n(This
+            -> is pretty serious!)"
         yes, yes, click cmdDelete -> lstDirectory {}; lstDirectory ""; (cmdMaterial); (cmdDelete)
-            -> (cmdPrint); focus cmdBackup
-            -> box Yes/No question "Quarvel System Manager" "Are you sure you want to delete the p10
-            -> directory?"
-            -> box Yes/No question "Quarvel System Manager" "Are you REALLY sure you want to delete
-            -> the p10 directory?\n(This is pretty serious!)"; c:\tolvarin\USER\PROD\P10 gone
-            -> c:\tolvarin\USER\PROD\P10\COMP gone; c:\tolvarin\USER\PROD\P10\GROUP gone
-            -> c:\tolvarin\USER\PROD\P10\MATERIAL.DAT gone; c:\tolvarin\USER\PROD\P10\NEST gone
-            -> c:\tolvarin\USER\PROD\P10\TAPE gone; c:\tolvarin\USER\PROD\P10\TAPE\a.tap gone
+            -> (cmdPrint); focus cmdBackup; box again; box again; c:\tolvarin\USER\PROD\P10 gone
         click optDesign, write c:\tolvarin\USER\DESIGN\PLATES\COMP\b 'x' -> optDesign on
-            -> lstDirectory {plates}; focus optDesign; gone optProduction on
+            -> lstDirectory {plates}; focus optDesign
         choose lstDirectory plates, yes, yes, click cmdDelete -> focus cmdBackup
-            -> box Yes/No question "Quarvel System Manager" "Are you sure you want to delete the
-            -> plates directory?"
-            -> box Yes/No question "Quarvel System Manager" "Are you REALLY sure you want to delete
-            -> the plates directory?\n(This is pretty serious!)"
-            -> c:\tolvarin\USER\DESIGN\PLATES\GEOMETRY gone
-            -> c:\tolvarin\USER\DESIGN\PLATES\GEOMETRY\A.DSN gone
+            -> box Yes/No question "Are you sure you want to delete the plates directory?"
+            -> box Yes/No question "Are you REALLY sure you want to delete the plates
+            -> directory?\n(This is pretty serious!)"; c:\tolvarin\USER\DESIGN\PLATES\GEOMETRY gone
     )#");
     Play(R"#(
         write c:\tolvarin\USER\PROD\JOB\TAPE\a 'x', write c:\tolvarin\USER\PROD\JOB\NEST\a 'x',
         write c:\tolvarin\USER\PROD\JOB\COMP\nested\a 'x', protect c:\tolvarin\USER\PROD\JOB\TAPE\a -> ...
         click optProduction, choose lstDirectory job, yes, yes, click cmdDelete -> optProduction on
-            -> lstDirectory {job; p10}; focus cmdBackup; gone optDesign on
-            -> box Yes/No question "Quarvel System Manager" "Are you sure you want to delete the job
-            -> directory?"
-            -> box Yes/No question "Quarvel System Manager" "Are you REALLY sure you want to delete
-            -> the job directory?\n(This is pretty serious!)"; c:\tolvarin\USER\PROD\JOB\NEST gone
-            -> c:\tolvarin\USER\PROD\JOB\NEST\a gone
+            -> lstDirectory {job; p10}; focus cmdBackup
+            -> box Yes/No question "Are you sure you want to delete the job directory?"
+            -> box Yes/No question "Are you REALLY sure you want to delete the job directory?\n(This
+            -> is pretty serious!)"; c:\tolvarin\USER\PROD\JOB\NEST gone
     )#");
 }
 
@@ -128,9 +106,9 @@ TEST(MainWindow, CannotLoadAList) {
             -> box "Error in Loading" "Problem During Loading files\rCan not start Material List
             -> Edit"
         write c:\tolvarin\system\process.dat '[Processes]\r\n{1-21:Process#=P#\r\n}' -> ...
-        click cmdSysDefaults -> box critical "Quarvel System Manager" "PROCESS.DAT lists more than
-            -> 20 processes"; c:\tolvarin\network\user1\nestuser.ini +[SystemManager]
-            -> +CurrentSysManDrive=c:; ended 1
+        click cmdSysDefaults -> box critical "PROCESS.DAT lists more than 20 processes"
+            -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=c:
+            -> ended 1
     )#");
     Play(R"#(
         remove c:\tolvarin\system\mattypes.dat -> ...
@@ -145,12 +123,11 @@ TEST(MainWindow, EndsWhenADriveCannotBeUsed) {
     Play(R"#(
  -> ...
         no, remove d:, click optDesign, choose drvList d: -> focus drvList
-            -> box Yes/No "Quarvel System Manager" "No Nest data on d:\nWould you like to make d: a
-            -> Nest data drive?"
+            -> box Yes/No "No Nest data on d:\nWould you like to make d: a Nest data drive?"
     )#");
     Play(R"#(
-        remove c:, remove d: -> box critical "Quarvel System Manager" "There is no drive. Drives are
-            -> the entries a to z of the folder <drives>."; ended 1
+        remove c:, remove d: -> box critical "There is no drive. Drives are the entries a to z of
+            -> the folder <drives>."; ended 1
     )#");
 }
 
@@ -159,21 +136,17 @@ TEST(MainWindow, MakesADirectory) {
         click cmdCreate -> "Create Quarvel Directory"; txtDirName ""; focus txtDirName
         '  ', Enter -> focus cmdOK
         focus txtDirName, ' a*b ', Enter -> txtDirName "[a*b]"; focus txtDirName; beep
-            -> box information "Quarvel System Manager" "The directory name is invalid."
-        'c:', Enter -> txtDirName "[c:]"; beep
-            -> box information "Quarvel System Manager" "The directory name is invalid."
-        'a,b', Enter -> txtDirName "[a,b]"; beep
-            -> box information "Quarvel System Manager" "The directory name is invalid."
-        'a\\b', Enter -> txtDirName "[a\\b]"; beep
-            -> box information "Quarvel System Manager" "The directory name is invalid."
+            -> box information "The directory name is invalid."
+        'c:', Enter -> txtDirName "[c:]"; beep; box again
+        'a,b', Enter -> txtDirName "[a,b]"; beep; box again
+        'a\\b', Enter -> txtDirName "[a\\b]"; beep; box again
         '{1-51:x}', Enter -> txtDirName "[xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx]"
-            -> beep; box information "Quarvel System Manager" "The directory name is invalid."
+            -> beep; box again
         'Plates', Enter -> txtDirName "Plates"; focus cmdOK
-            -> box "Quarvel System Manager" "The directory Plates already exists"
-        focus txtDirName, 'con', Enter -> txtDirName "con"
-            -> box "Quarvel System Manager" "The directory con already exists"
+            -> box "The directory Plates already exists"
+        focus txtDirName, 'con', Enter -> txtDirName "con"; box "The directory con already exists"
         focus txtDirName, 'end.', Enter -> txtDirName "end."
-            -> box "Quarvel System Manager" "The directory end. already exists"
+            -> box "The directory end. already exists"
         focus txtDirName, ' Job \xDC.b ', Enter -> lstDirectory {job \xFC.b; plates}
             -> lstDirectory "job \xFC.b"; cmdDelete; cmdPrint; focus cmdCreate
             -> c:\tolvarin\USER\DESIGN\Job \xDC.b made
@@ -207,7 +180,7 @@ TEST(MainWindow, MakesAProductionDirectoryWithTheDefaultList) {
             -> chkPrePierceEnabled off; (txtMinPlateThickness); txtMinPlateThickness "0.5"
             -> focus grdMaterialList
         close -> optProduction on; lstDirectory {p10; p6}; lstDirectory "p6"; cmdMaterial
-            -> cmdDelete; cmdPrint; focus cmdCreate; gone optDesign on
+            -> cmdDelete; cmdPrint; focus cmdCreate
     )#");
 }
 
@@ -224,7 +197,7 @@ TEST(MainWindow, PrintsListings) {
         click optProduction, choose lstDirectory p10, click cmdPrint -> "Print Directory Data"
             -> optAllDir on; chkComp on; chkGroups on; chkNest on; chkTape on; focus optAllDir
         click chkComp, click chkGroups, click optSelDir, click cmdOK -> optProduction on
-            -> lstDirectory {p10}; lstDirectory "p10"; cmdMaterial; gone optDesign on
+            -> lstDirectory {p10}; lstDirectory "p10"; cmdMaterial
             -> paper: Quarvel for Windows by Halcor.<11>Date <today> / Production Data / p10
             -> directory / Nests / <No files> / Tapes / <No files>
         click cmdPrint, Esc ->
@@ -235,7 +208,7 @@ TEST(MainWindow, RefusesASecondInstance) {
     const test::Workshop workshop;
     const platform::SingleInstance other;
     test::Play(workshop, R"#(
-        -> box "Quarvel System Manager" "Quarvel System Manager is already running"; ended 0
+        -> box "Quarvel System Manager is already running"; ended 0
     )#");
 }
 
@@ -244,7 +217,7 @@ TEST(MainWindow, RefusesASecondInstance) {
 TEST(MainWindow, EndsWithoutADefaultList) {
     Play(R"#(
         remove c:\tolvarin\system\material.dat -> ...
-        click optProduction, click cmdCreate, 'P8', Enter -> box critical "Quarvel System Manager"
+        click optProduction, click cmdCreate, 'P8', Enter -> box critical
             -> "c:\tolvarin\SYSTEM\MATERIAL.DAT: No such file or directory"
             -> c:\tolvarin\USER\PROD\P8 made; c:\tolvarin\USER\PROD\P8\COMP made
             -> c:\tolvarin\USER\PROD\P8\GROUP made; c:\tolvarin\USER\PROD\P8\NEST made
@@ -257,44 +230,35 @@ TEST(MainWindow, EndsWithoutADefaultList) {
 TEST(MainWindow, BacksUpToADisk) {
     Play(R"#(
         ok, cancel, click cmdBackup -> focus cmdBackup
-            -> box OK/Cancel none "Quarvel System Manager" "Please insert a floppy disk"
-            -> box OK/Cancel none "Quarvel System Manager" "Please insert a floppy disk"
+            -> box OK/Cancel none "Please insert a floppy disk"; box again
         write a:\x '', click cmdBackup -> "Quarvel Backup"; optAllDirectories on; (optSelectedDir)
             -> drvDest "a:"; focus optAllDirectories
         Enter -> focus cmdOK
-            -> box information "Quarvel System Manager" "The batch file
-            -> c:\tolvarin\SYSTEM\QVBACKUP.BAT was written.\nIt was not started: this computer has
-            -> no command interpreter for it."; c:\tolvarin\system\QVBACKUP.BAT +@echo off
-            -> +echo Backing Up Design Data to a:; +backup c:\tolvarin\USER\DESIGN\*.* a: /s; +pause
-        click optAllData, choose drvDest d:, click cmdOK -> optAllData on; drvDest "d:"
-            -> gone optAllDirectories on
-            -> box information "Quarvel System Manager" "The batch file
-            -> c:\tolvarin\SYSTEM\QVBACKUP.BAT was written.\nIt was not started: this computer has
-            -> no command interpreter for it."
+            -> box information "The batch file c:\tolvarin\SYSTEM\QVBACKUP.BAT was written.\nIt was
+            -> not started: this computer has no command interpreter for it."
+            -> c:\tolvarin\system\QVBACKUP.BAT +@echo off; +echo Backing Up Design Data to a:
+            -> +backup c:\tolvarin\USER\DESIGN\*.* a: /s; +pause
+        click optAllData, choose drvDest d:, click cmdOK -> optAllData on; drvDest "d:"; box again
             -> c:\tolvarin\system\QVBACKUP.BAT -echo Backing Up Design Data to a:
             -> -backup c:\tolvarin\USER\DESIGN\*.* a: /s; +echo Backing Up All Data to d:
             -> +backup c:\tolvarin\USER\*.* d: /s
         click cmdCancel ->
         click optProduction, choose lstDirectory p10, click cmdBackup -> "Quarvel Backup"
             -> optSelectedDir on; drvDest "a:"; focus optSelectedDir
-        click cmdOK -> focus cmdOK
-            -> box information "Quarvel System Manager" "The batch file
-            -> c:\tolvarin\SYSTEM\QVBACKUP.BAT was written.\nIt was not started: this computer has
-            -> no command interpreter for it."
+        click cmdOK -> focus cmdOK; box again
             -> c:\tolvarin\system\QVBACKUP.BAT -echo Backing Up All Data to d:
             -> -backup c:\tolvarin\USER\*.* d: /s; +echo Backing Up p10 to a:
             -> +backup c:\tolvarin\USER\PROD\p10\*.* a: /s
         Esc, write c:\tolvarin\USER\PROD\a&b\x '', click optDesign, click optProduction -> ...
         choose lstDirectory a&b, click cmdBackup, click cmdOK -> "Quarvel Backup"
             -> optSelectedDir on; drvDest "a:"; focus cmdOK
-            -> box "Quarvel System Manager" "The batch file c:\tolvarin\SYSTEM\QVBACKUP.BAT was
-            -> written.\nIt was not started: the path c:\tolvarin\USER\PROD\a&b\*.* has a character
-            -> that the command interpreter would act on."
-            -> c:\tolvarin\system\QVBACKUP.BAT -echo Backing Up p10 to a:
+            -> box "The batch file c:\tolvarin\SYSTEM\QVBACKUP.BAT was written.\nIt was not started:
+            -> the path c:\tolvarin\USER\PROD\a&b\*.* has a character that the command interpreter
+            -> would act on."; c:\tolvarin\system\QVBACKUP.BAT -echo Backing Up p10 to a:
             -> -backup c:\tolvarin\USER\PROD\p10\*.* a: /s; +echo Backing Up a&b to a:
             -> +backup c:\tolvarin\USER\PROD\a&b\*.* a: /s
         protect c:\tolvarin\system\QVBACKUP.BAT, click optAllData, click cmdOK -> box critical
-            -> "Quarvel System Manager" "c:\tolvarin\SYSTEM\QVBACKUP.BAT: is read-only"
+            -> "c:\tolvarin\SYSTEM\QVBACKUP.BAT: is read-only"
             -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=c:
             -> ended 1
     )#");
@@ -310,7 +274,7 @@ TEST(MainWindow, KeepsApartWhatDiffersInCaseOnly) {
         write c:\tolvarin\USER\PROD\job\COMP\lower 'x', write c:\tolvarin\USER\PROD\JOB\COMP\UPPER '',
         write c:\tolvarin\USER\PROD\ JOB\x '' -> ...
         click optProduction -> optProduction on; lstDirectory {job; job; job; link; p10}
-            -> focus optProduction; gone optDesign on
+            -> focus optProduction
         choose lstDirectory job, click cmdPrint, click chkGroups, click chkNest, click chkTape -> ...
         click cmdOK -> lstDirectory "job"; cmdMaterial; cmdDelete; cmdPrint; focus cmdPrint
             -> paper: Quarvel for Windows by Halcor.<11>Date <today> / Production Data / job
@@ -325,14 +289,13 @@ TEST(MainWindow, KeepsApartWhatDiffersInCaseOnly) {
             -> directory / Components / <No files>
         yes, yes, click cmdDelete -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint)
             -> focus cmdBackup
-            -> box Yes/No question "Quarvel System Manager" "Are you sure you want to delete the job
-            -> directory?"
-            -> box Yes/No question "Quarvel System Manager" "Are you REALLY sure you want to delete
-            -> the job directory?\n(This is pretty serious!)"
-        choose lstDirectory link, yes, yes, click cmdDelete -> box Yes/No question "Quarvel System
-            -> Manager" "Are you sure you want to delete the link directory?"
-            -> box Yes/No question "Quarvel System Manager" "Are you REALLY sure you want to delete
-            -> the link directory?\n(This is pretty serious!)"
+            -> box Yes/No question "Are you sure you want to delete the job directory?"
+            -> box Yes/No question "Are you REALLY sure you want to delete the job directory?\n(This
+            -> is pretty serious!)"
+        choose lstDirectory link, yes, yes, click cmdDelete -> box Yes/No question "Are you sure you
+            -> want to delete the link directory?"
+            -> box Yes/No question "Are you REALLY sure you want to delete the link
+            -> directory?\n(This is pretty serious!)"
     )#");
 }
 

@@ -131,10 +131,7 @@ TEST_F(MaterialTypesWindow, TypesAreDeleted) {
             -> INVALID\r\r<16>Are you Sure ?"
         focus grdMaterialTypes, click 2 2, '0.50', click 1 0, yes, Alt+D -> row 1: SS304 | Stainless
             -> | 0.5; at 1 1; txtEditData "Stainless"; (cmdDelete); focus grdMaterialTypes
-            -> gone row 2: SS304 | Stainless | 0.5
-            -> box Yes/No none "Deleting Material Type" "<4>Delete Material Type Code :
-            -> \r\r<19>MS\r\r<6>If you delete this material, any \rReference to this will become
-            -> INVALID\r\r<16>Are you Sure ?"
+            -> gone row 2: SS304 | Stainless | 0.5; box again "Deleting Material Type"
         click 1 2, yes, click cmdDelete -> row 1: - | - | -; at 1 2; unmarked; (txtEditData)
             -> txtEditData ""
             -> box Yes/No none "Deleting Material Type" "<4>Delete Material Type Code :

@@ -67,13 +67,10 @@ TEST(ProcessWindow, AFirstProcessAndItsOptions) {
             -> (txtLeadInAngle); txtLeadInAngle ""; chkLeadInExtension on; optLeadOut(0) on
             -> txtLeadOutAngle; txtLeadOutAngle "0"; chkLeadOutExtension on
             -> optMajorDirection(0) on; optMinorDirection(0) on; optOpenMinor(1) on
-            -> gone optLeadIn(0) on; gone optLeadOut(2) on; gone optMajorDirection(1) on
-            -> gone optMinorDirection(1) on; gone optOpenMinor(0) on
         Alt+L, Alt+R, Alt+C, Alt+K, Alt+F, Space, click chkAddKerf, Alt+E, Alt+P, Esc ->
             -> optLeadIn(0) on; txtLeadInAngle; txtLeadInAngle "0"; chkLeadInExtension off
             -> optLeadOut(1) on; (txtLeadOutAngle); txtLeadOutAngle ""; optMajorDirection(1) on
-            -> optMinorDirection(1) on; chkAddKerf on; gone optLeadIn(2) on; gone optLeadOut(0) on
-            -> gone optMajorDirection(0) on; gone optMinorDirection(0) on
+            -> optMinorDirection(1) on; chkAddKerf on
         Alt+A, click optLeadOut(3), Alt+G, Alt+E, yes, Esc -> box again "Closing Process Defaults"
             -> c:\tolvarin\system\process.dat +[Processes]; +
             -> This is a List of valid processes on the system; +Process1=Second<58>; +\r
