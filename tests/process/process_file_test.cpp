@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "errors/errors.h"
 #include "process/process_table.h"
 #include "profile/profile.h"
