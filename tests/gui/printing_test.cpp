@@ -48,12 +48,14 @@ class Printing : public ::testing::Test {
   protected:
     // The run ends with the reason.
     void ExpectRefused(const string& reason) {
-        test::RealPlayer().Play(workshop, R"(
+        const string script = R"(
             write c:\tolvarin\network\user1\nestuser.ini '' -> ...
-            choose lstDirectory plates, click cmdPrint, click cmdOK -> box critical "Quarvel System Manager" ")" +
-                                              reason +
-                                              R"("; c:\tolvarin\network\user1\nestuser.ini
-                -> +[SystemManager]; +CurrentSysManDrive=c:; ended 1)");
+            choose lstDirectory plates, click cmdPrint, click cmdOK -> box critical "REASON"
+                -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]
+                -> +CurrentSysManDrive=c:; ended 1)";
+        const auto at = script.find("REASON");
+        test::RealPlayer().Play(workshop, string(script).replace(at, 6, reason),
+                                test::Paper::kReal);
     }
     const test::Workshop workshop;
     Printer printer;
@@ -71,7 +73,7 @@ TEST_F(Printing, WithoutAPrinterTheReasonIsSaid) {
 TEST_F(Printing, WithoutAPrintServerTheReasonIsSaid) {
     const string nobody = workshop.Folder().string() + "-nobody";
     const test::Environment none("CUPS_SERVER", nobody);
-    ExpectRefused("There is no printer: no print server answers at " + nobody + ".");
+    ExpectRefused("There is no printer: no print server answers at <drives>-nobody.");
 }
 
 TEST_F(Printing, APrintServerThatSaysNothingIsNotWaitedForForEver) {
@@ -126,7 +128,8 @@ TEST_F(OnPaper, EveryDirectoryBeginsASheetAndTheColumnsStand) {
     workshop.MakeDir("c:\\tolvarin\\USER\\PROD\\P20\\TAPE");
     test::RealPlayer().Play(workshop, R"(
         click optProduction, choose lstDirectory p10, click cmdPrint, click chkComp, click chkNest, click cmdOK -> ...
-    )");
+    )",
+                            test::Paper::kReal);
     // What the printer was told, column by column; a directory that is full goes on on a sheet
     // more.
     std::vector<std::vector<string>> told, paper(1);
@@ -181,7 +184,8 @@ TEST_F(OnPaper, WhatIsSetUpHoldsForTheRestOfTheRun) {
     player.Play(workshop, R"(
         choose lstDirectory plates, click cmdPrint, click cmdOK -> ...
         click cmdPrint, '*', click cmdSetup, click cmdOK, click cmdPrint, '*', click cmdOK -> ...
-    )");
+    )",
+                test::Paper::kReal);
     EXPECT_EQ(widths, (std::vector<string>{"595", "612"}));
     EXPECT_EQ(Width(), "612");
 }

@@ -215,11 +215,11 @@ string LineChanges(const string& before, const string& after) {
 
 }  // namespace
 
-void Play(const TempDrives& drives, std::string_view script) {
-    MakePlayer()()->Play(drives, script);
+void Play(const TempDrives& drives, std::string_view script, Paper paper) {
+    MakePlayer()()->Play(drives, script, paper);
 }
 
-void Player::Play(const TempDrives& drives, std::string_view script) {
+void Player::Play(const TempDrives& drives, std::string_view script, Paper paper) {
     drives_ = &drives;
     for (const string& line : Split(script, '\n')) {
         if (line.empty()) continue;
@@ -245,6 +245,7 @@ void Player::Play(const TempDrives& drives, std::string_view script) {
     ChangesOnDrives();
     app::SysMan window;
     views::Printer* const printer = views::InstallPrinter(this);
+    if (paper == Paper::kReal) views::InstallPrinter(printer);
     views::Guard([&] { Start(window); });
     views::InstallPrinter(printer);
     if (unchecked_) Check(nullptr);

@@ -41,13 +41,16 @@
 
 namespace test {
 
-// Starts the program and plays the script in it.
-void Play(const TempDrives& drives, std::string_view script);
+enum class Paper { kKept, kReal };
+
+// Starts the program and plays the script in it. What is printed is kept and compared, or goes to
+// the real printer.
+void Play(const TempDrives& drives, std::string_view script, Paper paper = Paper::kKept);
 
 // Who plays it: core_tests by events of the plain controls, gui_tests by a real keyboard and mouse.
 class Player : private views::Printer {
   public:
-    void Play(const TempDrives& drives, std::string_view script);
+    void Play(const TempDrives& drives, std::string_view script, Paper paper = Paper::kKept);
 
   protected:
     virtual void Start(views::Form& form) = 0;

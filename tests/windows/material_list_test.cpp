@@ -141,8 +141,7 @@ TEST_F(MaterialListWindow, EntriesAreCopiedPastedAndDeleted) {
         Ctrl+Space, no, click cmdDelete -> unmarked; cmdDelete; focus cmdDelete; box Yes/No none
             -> "Deleting Processing data" "<5>Delete Data Index 4\r<6>Are You Sure ?"
         yes, Alt+D -> at 3 1; marked; cboEditDataType "SS304"; (cmdDelete); focus grdMaterialList
-            -> gone row 4: 4 | MS | Plasma | 0; box Yes/No none "Deleting Processing data"
-            -> "<5>Delete Data Index 4\r<6>Are You Sure ?"
+            -> gone row 4: 4 | MS | Plasma | 0; box again "Deleting Processing data"
         double 2 1, 'q', yes, Alt+D -> at 2 1; gone row 3: 3 | SS304 | Oxy Fuel | 12.5; box Yes/No
             -> none "Deleting Processing data" "<5>Delete Data Index 2\r<6>Are You Sure ?"
         click 2 1, 'w', double 1 2, yes, Alt+D -> row 1: 1 | Wear 400 | Oxy Fuel | 12.5; at 1 2
@@ -184,8 +183,8 @@ TEST_F(MaterialListWindow, ListsThatAreFullInUseOrUnreadable) {
             -> "Problem During Loading files\rCan not start Material List Edit"
         write c:\tolvarin\system\mattypes.dat '', write c:\tolvarin\system\process.dat '' -> ...
         click cmdSysDefaults, Tab, Tab, click cmdAdd, yes, close -> focus cmdSysDefaults
-            -> box Yes/No none "Save Material List file" "<9>Save Changes ?"
-            -> c:\tolvarin\system\material.dat +\r; +[Mat3]; +Type=; +Thickness=mm; +Process=
+            -> box again "Save Material List file"; c:\tolvarin\system\material.dat +\r; +[Mat3]
+            -> +Type=; +Thickness=mm; +Process=
     )");
 }
 
@@ -203,18 +202,18 @@ TEST_F(MaterialListWindow, OptionsAreSavedByThemselves) {
         click cmdMaterial, paste txtMinPlateThickness '12.5mm' -> ...
         click chkPrePierceEnabled -> chkPrePierceEnabled off; (txtMinPlateThickness); focus
             -> chkPrePierceEnabled
-        click chkNestClearanceCheck, click chkTracePlate, yes, close -> box Yes/No none "Save
-            -> Material List file" "<9>Save Changes ?"; c:\tolvarin\network\user1\nestuser.ini
-            -> -NestCheck=1; -tracePlateOUTLINE=1; -PrePiercingEnabled=1; -PrePiercingThickness=0
-            -> +NestCheck=0; +tracePlateOUTLINE=0; +PrePiercingEnabled=0; +PrePiercingThickness=12.5
+        click chkNestClearanceCheck, click chkTracePlate, yes, close -> box again "Save Material
+            -> List file"; c:\tolvarin\network\user1\nestuser.ini -NestCheck=1
+            -> -tracePlateOUTLINE=1; -PrePiercingEnabled=1; -PrePiercingThickness=0; +NestCheck=0
+            -> +tracePlateOUTLINE=0; +PrePiercingEnabled=0; +PrePiercingThickness=12.5
         remove c:\tolvarin\network\user1\nestuser.ini, click cmdMaterial -> ...
-        click chkTracePlate, yes, close -> box Yes/No none "Save Material List file" "<9>Save
-            -> Changes ?"; c:\tolvarin\network\user1\nestuser.ini +[Nest]; +AllowKerfProg=0
-            -> +NestCheck=0; +TracePlateOutline=1; +PrePiercingEnabled=0; +PrePiercingThickness=50
+        click chkTracePlate, yes, close -> box again "Save Material List file"
+            -> c:\tolvarin\network\user1\nestuser.ini +[Nest]; +AllowKerfProg=0; +NestCheck=0
+            -> +TracePlateOutline=1; +PrePiercingEnabled=0; +PrePiercingThickness=50
         remove c:\tolvarin\network, click cmdMaterial, 'w', click chkTracePlate -> ...
         yes, close -> row 1: 1 | Wear 400 | Plasma | 10; cboEditDataType "Wear 400"; focus cmdClose
-            -> box Yes/No none "Save Material List file" "<9>Save Changes ?"; box "Save Material
-            -> List file" "c:\tolvarin\USER\PROD\p10\material.dat: is read-only"
+            -> box again "Save Material List file"
+            -> box "Save Material List file" "c:\tolvarin\USER\PROD\p10\material.dat: is read-only"
         remove c:\tolvarin\USER\PROD\P10\MATERIAL.DAT, yes, close -> ...
     )");
 }
