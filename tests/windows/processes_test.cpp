@@ -28,8 +28,8 @@ TEST(ProcessWindow, ShowsProcessesAndReadsBoxesThatAreLeft) {
         focus txtLeadOutAngle, '-360', focus txtLeadoutPercent, '32767', Alt+V, '32768', Tab ->
             -> txtRapid "1000"; txtLineMarkRate "0"; txtLeadInAngle "360"; txtLeadOutAngle "-360"
             -> txtLeadoutPercent "32767"; txtLeadoutOverrun "0"
-        choose cboProcess Oxy Fuel, choose cboProcess Plasma -> focus cboProcess
         focus txtRapid, '78', choose cboProcess Oxy Fuel, choose cboProcess Plasma -> txtRapid "78"
+            -> focus cboProcess
         no, Esc, click cmdSysProcess, focus txtRapid, '80', yes, click cmdClose -> box again
             -> "Closing Process Defaults"; box again "Closing Process Defaults"
             -> c:\tolvarin\system\process.dat -Rapid=20000; +Rapid=80
@@ -42,15 +42,16 @@ TEST(ProcessWindow, ShowsProcessesAndReadsBoxesThatAreLeft) {
 // What a process keeps is shown when it is chosen again, as the last one is after Add Process.
 TEST(ProcessWindow, AFirstProcessAndItsOptions) {
     test::Play(test::Workshop(), R"(
-        remove c:\tolvarin\system\process.dat -> ...
-        click cmdSysProcess, Alt+A, Alt+E, Alt+D, Alt+P, Esc, Alt+H, Alt+P, 'First', Enter ->
-            -> "Process Defaults First"; cboProcess {First<59>}; cboProcess "First<59>"
-            -> txtRapid "0"; txtLineMarkRate "0"; optLeadIn(0) on; txtLeadInAngle "0"
-            -> chkLeadInExtension off; optLeadOut(2) on; (txtLeadOutAngle); txtLeadOutAngle ""
-            -> txtLeadoutPercent "0"; txtLeadoutOverrun "0"; chkLeadOutExtension off
-            -> optMajorDirection(1) on; optMinorDirection(1) on; optOpenMinor(0) on; chkAddKerf off
-            -> focus cmdAddProcess
-            -> box "Error loading Process.dat" "File PROCESS.DAT not found\rin c:\tolvarin\SYSTEM\"
+        click cmdSysProcess, Esc, remove c:\tolvarin\system\process.dat -> ...
+        click cmdSysProcess, Alt+A, Alt+E, Alt+D, Esc -> box "Error loading Process.dat" "File
+            -> PROCESS.DAT not found\rin c:\tolvarin\SYSTEM\"
+        click cmdSysProcess, Alt+P, Esc, Alt+H, Alt+P, 'First', Enter -> "Process Defaults First"
+            -> cboProcess {First<59>}; cboProcess "First<59>"; txtRapid "0"; txtLineMarkRate "0"
+            -> optLeadIn(0) on; txtLeadInAngle "0"; chkLeadInExtension off; optLeadOut(2) on
+            -> (txtLeadOutAngle); txtLeadOutAngle ""; txtLeadoutPercent "0"; txtLeadoutOverrun "0"
+            -> chkLeadOutExtension off; optMajorDirection(1) on; optMinorDirection(1) on
+            -> optOpenMinor(0) on; chkAddKerf off; focus cmdAddProcess
+            -> box again "Error loading Process.dat"
             -> box "Error : No Process" "There is no Process."
         yes, Alt+D -> cboProcess {}; cboProcess ""; txtRapid ""; txtLeadInAngle ""
             -> (cmdDeleteProcess); (cmdThicknessData); focus cmdClose; gone optLeadIn(0) on
@@ -58,9 +59,8 @@ TEST(ProcessWindow, AFirstProcessAndItsOptions) {
             -> box Yes/No none "Delete Process" "<13>If you Delete this Process First<59>\r<21>then
             -> any components or\rnest that uses this process will become INVALID.\r<9>Are you sure
             -> you want to continue ?"
-        Alt+L, Alt+E, focus txtRapid, '7', yes, Esc -> focus cmdSysProcess
-            -> box Yes/No none "Closing Process Defaults" "<13>Save Changes ?"
-            -> c:\tolvarin\system\process.dat +; PROCESS.DAT; +
+        Alt+L, Alt+E, focus txtRapid, '7', yes, Esc -> box Yes/No none "Closing Process Defaults"
+            -> "<13>Save Changes ?"; c:\tolvarin\system\process.dat +; PROCESS.DAT; +
             -> Holds times etc for different processes; +\r
         click cmdSysProcess, Alt+P, 'Second', Enter -> ...
         click optLeadIn(2), Alt+I, Alt+T, Alt+W, Alt+N, Alt+E, Alt+X, Alt+P, Esc -> optLeadIn(2) on
@@ -106,9 +106,11 @@ TEST(ProcessWindow, DeletingMovesTheSettingsButNotTheNames) {
         write c:\tolvarin\system\process.dat '[Processes]\n{1-4:Process#=#\n}' -> ...
         click cmdSysProcess, focus txtRapid, '10', choose cboProcess 3, focus txtRapid, '30',
         choose cboProcess 4, focus txtRapid, '40', choose cboProcess 2, no, Alt+D, yes, Enter,
-        choose cboProcess 4, yes, Esc, click cmdSysProcess -> ...
+        choose cboProcess 4, yes, Esc, click cmdSysProcess, Alt+P, 'New', Enter -> ...
         choose cboProcess 2 -> "Process Defaults 2"; cboProcess "2"; txtRapid "30"
-        Alt+P, Esc -> "Process Defaults 3"; cboProcess "3"; txtRapid "40"; focus cmdAddProcess
+            -> txtLineMarkRate "1"; (txtLeadInAngle); txtLeadInAngle ""; focus cboProcess
+            -> gone optLeadIn(0) on; gone optMajorDirection(1) on; gone optMinorDirection(1) on
+        choose cboProcess 3 -> "Process Defaults 3"; cboProcess "3"; txtRapid "40"
     )");
 }
 
@@ -119,10 +121,14 @@ TEST(ProcessWindow, TwentyProcessesAreTheLimit) {
         Alt+P, 'P20', Enter -> ...
         click cmdAddProcess -> (cmdAddProcess); focus cmdDeleteProcess
             -> box "Error in Adding Process" "No More Space to Add\r<10>another Process."
-        yes, Alt+D, Alt+P, Esc, no, Esc -> ...
+        yes, Alt+D -> ...
+        Alt+P, Esc -> "Process Defaults P19"; cboProcess "P19"; focus cmdAddProcess
+        no, Esc -> ...
         write c:\tolvarin\system\process.dat '[Processes]\n{1-21:Process#=P#\n}',
         click cmdSysProcess -> box "Error loading Process.dat" "PROCESS.DAT lists more than 20
             -> processes"
+        write c:\tolvarin\system\process.dat '[Processes]\nProcess1=P\n[P]\n{1-100:Thickness#=1\n}',
+        click cmdSysProcess, Alt+E, no, Esc -> box again "Closing Process Defaults"
         write c:\tolvarin\system\process.dat '[Processes]\nProcess1=P\n[P]\n{1-101:Thickness#=1\n}',
         click cmdSysProcess -> box "Error loading Process.dat" "PROCESS.DAT lists more than 100
             -> thicknesses for P"
