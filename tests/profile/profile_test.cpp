@@ -29,7 +29,7 @@ constexpr const char* kFile = "c:\\net\\nestuser.ini";
 // What the platform's own function finds; `value` elsewhere.
 string OfThePlatform([[maybe_unused]] const test::TempDrives& drives,
                      [[maybe_unused]] const string& bytes, [[maybe_unused]] const string& section,
-                     [[maybe_unused]] const string& key, const string& value) {
+                     [[maybe_unused]] const string& key, [[maybe_unused]] const string& value) {
 #ifdef _WIN32
     // A file of a name of its own: the platform remembers files by name and time.
     static int files = 0;

@@ -311,7 +311,11 @@ bool Player::DoOnDisk(const string& deed) {
     const string verb = deed.substr(0, blank), path = deed.substr(blank).substr(0, end - blank);
     const string at(text::Trim(path));
     if (verb == "write") drives_->Write(at, Meant(deed.substr(end + 2, deed.size() - end - 3)));
-    if (verb == "remove") fs::remove_all(drives_->Path(at));
+    if (verb == "remove") {
+        // Windows deletes no file that is read-only.
+        if (fs::is_regular_file(drives_->Path(at))) drives_->SetReadOnly(at, false);
+        fs::remove_all(drives_->Path(at));
+    }
     if (verb == "protect") drives_->SetReadOnly(at, true);
     return verb == "write" || verb == "remove" || verb == "protect";
 }
