@@ -23,6 +23,7 @@ std::string TextIn(const views::Control& field) {
 struct Field {
     const char* way;
     bool (*takes)(unsigned char);
+    friend void PrintTo(const Field& field, std::ostream* out) { *out << field.way; }
 };
 
 class AtTheKeyboard : public ::testing::TestWithParam<Field> {

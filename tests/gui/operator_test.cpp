@@ -1,11 +1,11 @@
 // An operator without a plan in the real windows: presses any key of the keyboard, clicks, double
-// clicks and drags anywhere, and goes wherever that leads. After every step each real control shows
+// clicks anywhere, and goes wherever that leads. After every step each real control shows
 // what its plain one says, and at the end everything that was saved is shown again without a
 // complaint.
 //
 // SYSMAN_STEPS sets the number of steps, SYSMAN_SEED where the dice begin.
 #include <gtest/gtest.h>
-#include <wx/uiaction.h>
+#include <wx/defs.h>
 #include <wx/window.h>
 
 #include <cstdio>
@@ -103,12 +103,6 @@ class Operator : public test::RealPlayer {
             return "key " + std::to_string(key) + " with " + std::to_string(held);
         }
         const wxPoint at = Anywhere(form);
-        if (deed >= 95) {
-            const wxPoint to = Anywhere(form);
-            wxUIActionSimulator().MouseDragDrop(at.x, at.y, to.x, to.y);
-            test::Settle();
-            return "dragged";
-        }
         test::ClickAt([at] { return at; }, deed % 4 == 0);
         return deed % 4 == 0 ? "clicked twice" : "clicked";
     }

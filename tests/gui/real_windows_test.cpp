@@ -1,6 +1,7 @@
 // What the toolkit's own parts do in real windows, and what only a mouse can do there.
 #include <gtest/gtest.h>
 #include <wx/uiaction.h>
+#include <wx/utils.h>
 #include <wx/window.h>
 
 #include "tests/gui/person.h"
@@ -26,7 +27,7 @@ TEST_F(RealWindows, ListsByMouse) {
             -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus cmdCreate
         click drvList, no, Down, Enter -> focus drvList
             -> box Yes/No "No Nest data on d:\nWould you like to make d: a Nest data drive?"
-        click drvList, Down, Esc, Tab -> focus optDesign
+        click drvList, Esc, Tab -> focus optDesign
         click cmdSysProcess -> ...
         click cmdAddProcess, 'neu', click cboCopy, Down, Enter -> "Add Process"
             -> txtNewProcessName "neu"; cboCopy {Plasma; Oxy Fuel; None}; cboCopy "Plasma"
@@ -54,6 +55,25 @@ TEST_F(RealWindows, AButtonClickedTwiceAsksOnce) {
         yes, '*' -> row 1: SS304 | Stainless | 0.5; txtEditData "0.5"; (cmdDelete)
             -> focus grdMaterialTypes; gone row 2: SS304 | Stainless | 0.5
             -> box again "Deleting Material Type"
+    )");
+}
+
+// The commands know of one cell or one row only.
+TEST_F(RealWindows, ADragMarksNothing) {
+    player.own = [](views::Form&) {
+        wxUIActionSimulator mouse;
+        mouse.MouseMove(wxGetMousePosition() + wxPoint(15, 3));  // or it is a second click
+        mouse.MouseDown();
+        for (int part = 0; part < 8; ++part) {
+            mouse.MouseMove(wxGetMousePosition() + wxPoint(15, 3));
+            test::Settle();
+        }
+        mouse.MouseUp();
+        test::Settle();
+    };
+    player.Play(workshop, R"(
+        click cmdSysMaterial, click 1 1 -> ...
+        '*' ->
     )");
 }
 
