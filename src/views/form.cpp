@@ -77,10 +77,12 @@ void Form::Activate() {
 void Form::MoveFocus(Control* control) {
     if (control == focus_) return;
     Control* const old = std::exchange(focus_, control);
+    // Shown first: where the handler disables the old one, Windows would send the focus on to the
+    // next, and that is often the button that closes the window.
+    if (control != nullptr) control->Changed(Aspect::kFocus);
     if (old != nullptr && old->onLostFocus) old->onLostFocus();
     // The handler may have sent the focus elsewhere.
     if (focus_ != control || control == nullptr) return;
-    control->Changed(Aspect::kFocus);
     if (control->onGotFocus) control->onGotFocus();
 }
 

@@ -170,9 +170,11 @@ int DriveList::Index() const {
 
 void DriveList::Choose(int index) {
     if (!CanTakeFocus() || index < 0 || index >= static_cast<int>(items_.size())) return;
+    // Which drives there are is looked for again when the focus comes here.
+    const std::string chosen = items_[static_cast<std::size_t>(index)];
     Owner().MoveFocus(this);
-    if (index == Index()) return;
-    drive_ = items_[static_cast<std::size_t>(index)];
+    if (chosen == drive_) return;
+    drive_ = chosen;
     Changed(Aspect::kIndex);
     if (onChange) onChange();
 }

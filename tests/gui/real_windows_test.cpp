@@ -27,10 +27,9 @@ TEST_F(RealWindows, ListsByMouse) {
             -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus cmdCreate
         click drvList, no, Down, Enter -> focus drvList
             -> box Yes/No "No Nest data on d:\nWould you like to make d: a Nest data drive?"
-        click drvList, Esc, Tab -> focus optDesign
         click cmdSysProcess -> ...
-        click cmdAddProcess, 'neu', click cboCopy, Down, Enter -> "Add Process"
-            -> txtNewProcessName "neu"; cboCopy {Plasma; Oxy Fuel; None}; cboCopy "Plasma"
+        click cmdAddProcess, 'neu', click cboCopy, Up, Enter -> "Add Process"
+            -> txtNewProcessName "neu"; cboCopy {Plasma; Oxy Fuel; None}; cboCopy "Oxy Fuel"
             -> focus cboCopy
         Esc, Esc -> focus cmdSysProcess
         click cmdSysDefaults -> ...

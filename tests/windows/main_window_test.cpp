@@ -32,7 +32,6 @@ TEST(MainWindow, ListsTheDirectoriesOfAKind) {
             -> focus lstDirectory
         Alt+P, Home -> lstDirectory "notes.txt"
         'p' -> lstDirectory "p10"
-        click optProduction -> focus optProduction
         close -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=c:
             -> ended 0
     )#");
