@@ -2,7 +2,10 @@
 // start.
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
+#include <string>
+#include <system_error>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -214,16 +217,18 @@ TEST(MainWindow, RefusesASecondInstance) {
 #ifndef _WIN32  // there with reasons in other words, and an interpreter for batch files
 
 TEST(MainWindow, EndsWithoutADefaultList) {
-    Play(R"#(
+    std::string script = R"#(
         remove c:\tolvarin\system\material.dat -> ...
         click optProduction, click cmdCreate, 'P8', Enter -> box critical
-            -> "c:\tolvarin\SYSTEM\MATERIAL.DAT: No such file or directory"
+            -> "c:\tolvarin\SYSTEM\MATERIAL.DAT: REASON"
             -> c:\tolvarin\USER\PROD\P8 made; c:\tolvarin\USER\PROD\P8\COMP made
             -> c:\tolvarin\USER\PROD\P8\GROUP made; c:\tolvarin\USER\PROD\P8\NEST made
             -> c:\tolvarin\USER\PROD\P8\TAPE made
             -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=c:
             -> ended 1
-    )#");
+    )#";
+    const std::string reason = std::generic_category().message(ENOENT);
+    test::Play(test::Workshop(), script.replace(script.find("REASON"), 6, reason));
 }
 
 TEST(MainWindow, BacksUpToADisk) {
