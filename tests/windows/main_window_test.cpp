@@ -35,6 +35,9 @@ TEST(MainWindow, ListsTheDirectoriesOfAKind) {
             -> focus lstDirectory
         Alt+P, Home -> lstDirectory "notes.txt"
         'p' -> lstDirectory "p10"
+        PageUp, Left, Up -> lstDirectory "notes.txt"
+        PageDown, Down -> lstDirectory "p10"
+        Up, Right ->
         close -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=c:
             -> ended 0
     )#");
