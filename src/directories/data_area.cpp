@@ -34,6 +34,15 @@ void DeleteFolder(const platform::Folder& parent, const std::string& name,
     Attempt([&] { parent.RmDir(name); });
 }
 
+std::string FolderOf(DataKind kind) {
+    return kind == DataKind::kDesign ? "\\DESIGN" : "\\PROD";
+}
+
+// For looking, with the root in capitals, as it has always been looked for.
+std::string UpperUserPath(const std::string& drive) {
+    return drive + text::UpperCase(app::TheConfig().NestRootDir) + "\\USER";
+}
+
 }  // namespace
 
 const std::vector<Category>& CategoriesOf(DataKind kind) {
@@ -52,12 +61,16 @@ std::string DataArea::UserPath() const {
 }
 
 std::string DataArea::Path() const {
-    return UserPath() + (kind == DataKind::kDesign ? "\\DESIGN" : "\\PROD");
+    return UserPath() + FolderOf(kind);
+}
+
+std::string DataArea::ListedPath() const {
+    return UpperUserPath(drive) + FolderOf(kind);
 }
 
 bool HasNestData(const std::string& drive) {
     try {
-        const std::string pattern = DataArea{drive}.UserPath() + "\\*.*";
+        const std::string pattern = UpperUserPath(drive) + "\\*.*";
         return !platform::Dir(pattern, DirKinds::kFilesAndDirectories).empty();
     } catch (const errors::FileError& failure) {
         if (failure.Kind() != errors::FileErrorKind::kPathNotFound &&
@@ -83,7 +96,7 @@ std::string ListedName(const std::string& name) {
 std::vector<std::string> ListDirectories(const DataArea& area) {
     std::vector<std::string> listed;
     for (const std::string& name :
-         platform::Dir(area.Path() + "\\*.*", DirKinds::kFilesAndDirectories)) {
+         platform::Dir(area.ListedPath() + "\\*.*", DirKinds::kFilesAndDirectories)) {
         if (name != "." && name != "..") listed.push_back(ListedName(name));
     }
     return listed;

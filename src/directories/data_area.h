@@ -31,6 +31,8 @@ struct DataArea {
     std::string UserPath() const;
     // This kind: <drive><root>\USER\DESIGN or PROD.
     std::string Path() const;
+    // The same with the root in capitals: where directories are listed and printed from.
+    std::string ListedPath() const;
     std::string PathOf(const std::string& directory) const { return Path() + "\\" + directory; }
 };
 

@@ -95,7 +95,7 @@ class Page {
 std::multimap<std::string, std::string> NamesOnDisk(const DataArea& area) {
     std::multimap<std::string, std::string> names;
     for (const std::string& name :
-         platform::Dir(area.Path() + "\\*.*", platform::DirKinds::kFilesAndDirectories)) {
+         platform::Dir(area.ListedPath() + "\\*.*", platform::DirKinds::kFilesAndDirectories)) {
         names.emplace(ListedName(name), name);
     }
     return names;
@@ -117,7 +117,7 @@ void PrintListing(const Listed& listed, const std::vector<Category>& categories,
         if (listed.chosen && *listed.chosen != i) continue;
         if (!first) printer.NewPage();
         first = false;
-        page.Print(directory, listed.area.PathOf(name));
+        page.Print(directory, listed.area.ListedPath() + "\\" + name);
     }
 }
 
