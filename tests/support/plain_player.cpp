@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
 
 #include "views/application.h"
@@ -17,6 +18,30 @@ void PlainPlayer::Start(views::Form& form) {
     views::Guard([&] { views::ShowModal(form); });
     views::InstallScreen(before);
     EXPECT_EQ(busy_, 0) << "the pointer is still busy";
+}
+
+void PlainPlayer::Realise(views::Form& form) {
+    form.width = 400, form.height = 300;
+    for (views::Control* control : form.Controls()) control->SetPeer(&mirrors_[control]);
+}
+
+bool PlainPlayer::Told(const views::Control& control, views::Aspect aspect) {
+    using views::Aspect;
+    // A text shows its selection only with the focus; rows come and go with the shape.
+    static const std::map<Aspect, std::set<Aspect>> kAlso = {
+        {Aspect::kEnabled, {Aspect::kVisible}},
+        {Aspect::kText, {Aspect::kIndex, Aspect::kSelection, Aspect::kFocus}},
+        {Aspect::kIndex, {Aspect::kItems}},
+        {Aspect::kCells, {Aspect::kShape}}};
+    const auto& told = mirrors_[&control].told;
+    const auto also = kAlso.find(aspect);
+    if (told.contains(aspect) || also == kAlso.end()) return told.contains(aspect);
+    return std::any_of(also->second.begin(), also->second.end(),
+                       [&](Aspect other) { return told.contains(other); });
+}
+
+void PlainPlayer::Forget(const views::Form& form) {
+    for (const views::Control* control : form.Controls()) mirrors_[control].told.clear();
 }
 
 void PlainPlayer::Run(views::Form& form) {

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <ctime>
 #include <filesystem>
 #include <memory>
+#include <regex>
 
 #include "app/sys_man.h"
 #include "platform/date_forms.h"
@@ -22,9 +24,10 @@ namespace {
 
 namespace fs = std::filesystem;
 using std::string;
+using Strings = std::vector<string>;
 
-std::vector<string> Split(std::string_view text, char divider, char quote = '\0') {
-    std::vector<string> parts{""};
+Strings Split(std::string_view text, char divider, char quote = '\0') {
+    Strings parts{""};
     bool quoted = false;
     for (char c : text) {
         if (c == quote) quoted = !quoted;
@@ -38,7 +41,7 @@ std::vector<string> Split(std::string_view text, char divider, char quote = '\0'
     return parts;
 }
 
-string Join(const std::vector<string>& parts, const string& between = "; ") {
+string Join(const Strings& parts, const string& between = "; ") {
     string joined;
     for (const string& part : parts) {
         if (!part.empty()) joined += (joined.empty() ? "" : between) + part;
@@ -47,173 +50,167 @@ string Join(const std::vector<string>& parts, const string& between = "; ") {
 }
 
 // However it is broken into lines.
-string Unbroken(string text) {
-    for (auto at = text.find("; "); at != text.npos; at = text.find("; ", at)) text.erase(at, 1);
-    return string(text::Trim(text));
+string Unbroken(const string& text) {
+    return std::regex_replace(string(text::Trim(text)), std::regex("; "), " ");
 }
 
-// What cannot be seen, and long runs of blanks.
+// What cannot be seen, and long runs of blanks or of another character.
 string Visible(std::string_view text) {
     string shown;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto blanks = std::min(text.find_first_not_of(' ', i), text.size()) - i;
-        if (blanks >= 4) {
-            shown += "<" + std::to_string(blanks) + ">";
-            i += blanks - 1;
-            continue;
+        const auto run = std::min(text.find_first_not_of(text[i], i), text.size()) - i;
+        char other[24] = {text[i], '\0'};
+        if (run > 8 || (run > 3 && text[i] == ' ')) {
+            std::snprintf(other, sizeof other, "%.*s<%zu>", text[i] != ' ', &text[i], run);
+            i += run - 1;
+        } else if (const auto end = std::string_view("\r\n\0", 3).find(text[i]); end < 3) {
+            std::snprintf(other, sizeof other, "\\%c", "rn0"[end]);
+        } else if (text[i] < ' ' || text[i] > '~') {
+            std::snprintf(other, sizeof other, "\\x%02X", text[i] & 0xFF);
         }
-        const auto code = static_cast<unsigned char>(text[i]);
-        constexpr const char* kDigits = "0123456789ABCDEF";
-        if (code == '\r' || code == '\n' || code == '\0') {
-            shown += code == '\r' ? "\\r" : code == '\n' ? "\\n" : "\\0";
-        } else if (code < 32 || code > 126) {
-            shown += string("\\x") + kDigits[code / 16] + kDigits[code % 16];
-        } else {
-            shown += text[i];
-        }
+        shown += other;
     }
     return shown;
 }
 
+int KeyNamed(const string& name) {
+    using namespace views;
+    static const std::map<string, int> kKeys = {
+        {"Tab", kKeyTab},     {"Enter", kKeyEnter},        {"Esc", kKeyEscape},
+        {"Space", kKeySpace}, {"Left", kKeyLeft},          {"Right", kKeyRight},
+        {"Up", kKeyUp},       {"Down", kKeyDown},          {"Home", kKeyHome},
+        {"End", kKeyEnd},     {"PageUp", kKeyPageUp},      {"PageDown", kKeyPageDown},
+        {"F6", kKeyF6},       {"Backspace", kKeyBackspace}};
+    const auto key = kKeys.find(name);
+    return key != kKeys.end() ? key->second : name.size() == 1 ? name[0] : -1;
+}
+
+string Quoted(const views::TextPart& part, bool focus) {
+    const string text = Visible(part.Text());
+    const bool all = focus && part.SelLength() > 0 && part.SelLength() == part.Text().size();
+    return all ? " \"[" + text + "]\"" : " \"" + text + "\"";
+}
+
+// What a window shows, each fact under a name, in the order of the window; a fact that is usual
+// when a window opens is empty then.
+std::vector<Fact> FactsOf(const views::Form& form, bool opening) {
+    using namespace views;
+    std::vector<Fact> facts{{"", "\"" + Visible(form.Caption()) + "\""}};
+    for (const Control* control : form.Controls()) {
+        const string& name = control->Name();
+        const auto add = [&](Aspect aspect, const string& what, const string& value) {
+            facts.push_back({what, value, control, aspect});
+        };
+        const auto kind = control->GetKind();
+        if (kind == Control::Kind::kLabel || kind == Control::Kind::kFrame) continue;
+        const string usual = opening ? "" : name;
+        const string enabled = control->Enabled() ? usual : "(" + name + ")";
+        add(Aspect::kEnabled, name + " is", control->Visible() ? enabled : "no " + name);
+        if (const auto* box = dynamic_cast<const CheckBox*>(control)) {
+            add(Aspect::kValue, name, name + (box->Value() ? " on" : " off"));
+        } else if (const auto* option = dynamic_cast<const OptionButton*>(control)) {
+            const string& group = option->Group().buttons.front()->Name();
+            if (option->Value()) add(Aspect::kValue, group, name + " on");
+        } else if (const auto* drives = dynamic_cast<const DriveList*>(control)) {
+            add(Aspect::kIndex, name, name + " \"" + drives->Drive() + "\"");
+        } else if (const auto* grid = dynamic_cast<const Grid*>(control)) {
+            for (int row = 0; row < grid->Rows(); ++row) {
+                Strings texts;
+                for (int column = 0; column < grid->Columns(); ++column) {
+                    const string text = Visible(grid->Text(row, column));
+                    texts.push_back(text.empty() ? "-" : text);
+                }
+                const string title = "row " + std::to_string(row);
+                add(Aspect::kCells, title, title + ": " + Join(texts, " | "));
+            }
+            const string cell = std::to_string(grid->Row()) + " " + std::to_string(grid->Column());
+            add(Aspect::kCurrentCell, "cell", "at " + cell);
+            const auto& block = grid->Selection();
+            const bool row = block.firstColumn != block.lastColumn;
+            const string marked = row ? "marked row " + std::to_string(block.firstRow) : "marked";
+            const string unmarked = opening ? "" : "unmarked";
+            add(Aspect::kHighlight, "marks", grid->Highlight() ? marked : unmarked);
+        }
+        const auto* list = dynamic_cast<const ListBox*>(control);
+        const auto* text = dynamic_cast<const TextPart*>(control);
+        const string items = list ? Visible(Join(list->Items())) : "";
+        if (list) add(Aspect::kItems, name + " has", name + " {" + items + "}");
+        if (text) add(Aspect::kText, name, name + Quoted(*text, control->HasFocus()));
+        const string chosen = list ? Visible(list->SelectedText()) : "";
+        if (list && !text) add(Aspect::kIndex, name, name + " \"" + chosen + "\"");
+    }
+    if (const Control* focus = form.Focus()) {
+        facts.push_back({"focus", "focus " + focus->Name(), focus, Aspect::kFocus});
+    }
+    return facts;
+}
+
+Strings LinesOf(const string& bytes) {
+    Strings lines;
+    for (std::size_t at = 0; at < bytes.size();) {
+        const auto end = std::min(bytes.find('\n', at), bytes.size());
+        const string line = bytes.substr(at, end - at);
+        const bool usual = end < bytes.size() && line.ends_with('\r');
+        const char* const otherEnd = usual ? "" : end < bytes.size() ? "\\n" : "<no end>";
+        // The text of comments is a matter of whole files.
+        const string text = line.starts_with(';') ? ";.." : line.substr(0, line.size() - usual);
+        lines.push_back(Visible(text) + otherEnd);
+        at = end + 1;
+    }
+    return lines;
+}
+
+// The lines that went and came.
+string LineChanges(const string& before, const string& after) {
+    const auto old = LinesOf(before), now = LinesOf(after);
+    // How many lines are the same from a line of the old and one of the new on.
+    std::vector<std::vector<int>> same(old.size() + 1, std::vector<int>(now.size() + 1));
+    for (auto i = old.size(); i-- > 0;) {
+        for (auto j = now.size(); j-- > 0;) {
+            same[i][j] = old[i] == now[j] ? same[i + 1][j + 1] + 1
+                                          : std::max(same[i + 1][j], same[i][j + 1]);
+        }
+    }
+    Strings changes;
+    for (std::size_t i = 0, j = 0; i < old.size() || j < now.size();) {
+        if (i < old.size() && j < now.size() && old[i] == now[j]) {
+            ++i, ++j;
+        } else if (j == now.size() || (i < old.size() && same[i + 1][j] >= same[i][j + 1])) {
+            changes.push_back("-" + old[i++]);
+        } else {
+            changes.push_back("+" + now[j++]);
+        }
+    }
+    return Join(changes);
+}
+
+}  // namespace
+
 string Meant(std::string_view text) {
     string bytes;
     for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto after = [&](char c) { return string(text.substr(text.find(c, i) + 1)); };
+        const string next(text.substr(i, 2));
+        const auto end = next.size() < 2 ? string::npos : string("rn0").find(next[1]);
         if (text[i] == '{') {
-            const auto dash = text.find('-', i), colon = text.find(':', i), end = text.find('}', i);
-            const int last = std::stoi(string(text.substr(dash + 1)));
-            for (int n = std::stoi(string(text.substr(i + 1))); n <= last; ++n) {
-                for (char c : Meant(text.substr(colon + 1, end - colon - 1))) {
-                    bytes += c == '#' ? std::to_string(n) : string(1, c);
-                }
+            const auto colon = text.find(':', i), close = text.find('}', i);
+            const string part = Meant(text.substr(colon + 1, close - colon - 1));
+            for (int n = std::stoi(after('{')), last = std::stoi(after('-')); n <= last; ++n) {
+                for (char c : part) bytes += c == '#' ? std::to_string(n) : string(1, c);
             }
-            i = end;
-            continue;
-        }
-        const bool escaped = text[i] == '\\' && i + 1 < text.size();
-        const char next = escaped ? text[i + 1] : '\0';
-        if (next == 'r' || next == 'n' || next == '0') {
-            bytes += next == 'r' ? '\r' : next == 'n' ? '\n' : '\0';
-            ++i;
-        } else if (next == 'x') {
+            i = close;
+        } else if (next == "\\x") {
             bytes += static_cast<char>(std::stoi(string(text.substr(i + 2, 2)), nullptr, 16));
             i += 3;
+        } else if (next[0] == '\\' && end != string::npos) {
+            bytes += "\r\n\0"[end];
+            ++i;
         } else {
             bytes += text[i];
         }
     }
     return bytes;
 }
-
-int KeyNamed(const string& name) {
-    static constexpr std::pair<std::string_view, int> kKeys[] = {
-        {"Tab", views::kKeyTab},       {"Enter", views::kKeyEnter},
-        {"Esc", views::kKeyEscape},    {"Space", views::kKeySpace},
-        {"Left", views::kKeyLeft},     {"Right", views::kKeyRight},
-        {"Up", views::kKeyUp},         {"Down", views::kKeyDown},
-        {"Home", views::kKeyHome},     {"End", views::kKeyEnd},
-        {"PageUp", views::kKeyPageUp}, {"PageDown", views::kKeyPageDown},
-        {"F6", views::kKeyF6},         {"Backspace", views::kKeyBackspace},
-    };
-    for (const auto& [key, code] : kKeys) {
-        if (key == name) return code;
-    }
-    return name.size() == 1 ? name[0] : -1;
-}
-
-string Quoted(const views::TextPart& part, bool focus) {
-    const string text = Visible(part.Text());
-    const bool all = focus && part.SelLength() > 0 && part.SelLength() == part.Text().size();
-    return all ? "\"[" + text + "]\"" : "\"" + text + "\"";
-}
-
-// What a window shows, each fact under a name, in the order of the window; a fact that is usual
-// when a window opens is empty then.
-std::vector<std::pair<string, string>> FactsOf(const views::Form& form, bool opening) {
-    std::vector<std::pair<string, string>> facts{{"", "\"" + Visible(form.Caption()) + "\""}};
-    for (const views::Control* control : form.Controls()) {
-        using Kind = views::Control::Kind;
-        const string& name = control->Name();
-        const auto add = [&](const string& what, const string& value) {
-            facts.emplace_back(name + what, value);
-        };
-        const auto kind = control->GetKind();
-        if (kind == Kind::kLabel || kind == Kind::kFrame) continue;
-        add(" is", !control->Visible()   ? "no " + name
-                   : !control->Enabled() ? "(" + name + ")"
-                   : opening             ? ""
-                                         : name);
-        if (kind == Kind::kCheckBox) {
-            add("",
-                name + (static_cast<const views::CheckBox*>(control)->Value() ? " on" : " off"));
-        } else if (kind == Kind::kOption) {
-            const auto* option = static_cast<const views::OptionButton*>(control);
-            if (option->Value()) {
-                facts.emplace_back(option->Group().buttons.front()->Name(), name + " on");
-            }
-        } else if (kind == Kind::kTextBox) {
-            const auto* box = static_cast<const views::TextBox*>(control);
-            add("", name + " " + Quoted(*box, box->HasFocus()));
-        } else if (kind == Kind::kDriveList) {
-            add("", name + " \"" + static_cast<const views::DriveList*>(control)->Drive() + "\"");
-        } else if (const auto* list = dynamic_cast<const views::ListBox*>(control)) {
-            add(" has", name + " {" + Visible(Join(list->Items())) + "}");
-            const auto* combo = dynamic_cast<const views::ComboBox*>(control);
-            add("", name + " " +
-                        (combo ? Quoted(*combo, combo->HasFocus())
-                               : "\"" + Visible(list->SelectedText()) + "\""));
-        } else if (const auto* grid = dynamic_cast<const views::Grid*>(control)) {
-            for (int row = 0; row < grid->Rows(); ++row) {
-                std::vector<string> texts;
-                for (int column = 0; column < grid->Columns(); ++column) {
-                    texts.push_back(Visible(grid->Text(row, column)));
-                    if (texts.back().empty()) texts.back() = "-";
-                }
-                add(" row " + std::to_string(row),
-                    "row " + std::to_string(row) + ": " + Join(texts, " | "));
-            }
-            add(" at", "at " + std::to_string(grid->Row()) + " " + std::to_string(grid->Column()));
-            const auto& block = grid->Selection();
-            const bool one =
-                block.firstRow == block.lastRow && block.firstColumn == block.lastColumn;
-            add(" marks", !grid->Highlight() ? (opening ? "" : "unmarked")
-                          : one              ? "marked"
-                                             : "marked row " + std::to_string(block.firstRow));
-        }
-    }
-    if (form.Focus() != nullptr) facts.emplace_back(" focus", "focus " + form.Focus()->Name());
-    return facts;
-}
-
-std::vector<string> LinesOf(const string& bytes) {
-    std::vector<string> lines;
-    for (std::size_t at = 0; at < bytes.size();) {
-        const auto end = std::min(bytes.find('\n', at), bytes.size());
-        const string line = bytes.substr(at, end - at);
-        const bool usual = end < bytes.size() && line.ends_with('\r');
-        const char* const otherEnd = usual ? "" : end < bytes.size() ? "\\n" : "<no end>";
-        lines.push_back(Visible(line.substr(0, line.size() - usual)) + otherEnd);
-        at = end + 1;
-    }
-    return lines;
-}
-
-// The lines that went and came between equal ones at both ends.
-string LineChanges(const string& before, const string& after) {
-    auto old = LinesOf(before), now = LinesOf(after);
-    const auto left = std::mismatch(old.begin(), old.end(), now.begin(), now.end());
-    old.erase(old.begin(), left.first);
-    now.erase(now.begin(), left.second);
-    while (!old.empty() && !now.empty() && old.back() == now.back()) {
-        old.pop_back();
-        now.pop_back();
-    }
-    std::vector<string> changes;
-    for (const string& line : old) changes.push_back("-" + line);
-    for (const string& line : now) changes.push_back("+" + line);
-    return Join(changes);
-}
-
-}  // namespace
 
 void Play(const TempDrives& drives, std::string_view script, Paper paper) {
     MakePlayer()()->Play(drives, script, paper);
@@ -234,28 +231,33 @@ void Player::Play(const TempDrives& drives, std::string_view script, Paper paper
             lines_.push_back({string(text::Trim(line.substr(0, arrow))), changes});
         }
     }
-    FreshSystem();
-    // The first line is about the main window as it opens, and what was done before.
-    const string& first = lines_.front().deeds;
-    if (!first.empty() && !first.starts_with("write ") && !first.starts_with("remove ")) {
-        lines_.insert(lines_.begin(), {"", "..."});
-    }
-    for (const string& deed : Split(lines_[next_++].deeds, ',', '\'')) DoOnDisk(deed);
-    unchecked_ = true;
-    ChangesOnDrives();
-    app::SysMan window;
     views::Printer* const printer = views::InstallPrinter(this);
     if (paper == Paper::kReal) views::InstallPrinter(printer);
-    views::Guard([&] { Start(window); });
+    while (next_ < lines_.size() && !::testing::Test::HasFatalFailure()) RunProgram();
     views::InstallPrinter(printer);
-    if (unchecked_) Check(nullptr);
-    EXPECT_EQ(next_, lines_.size())
-        << "no window is open for: " << lines_[std::min(next_, lines_.size() - 1)].deeds;
     EXPECT_TRUE(answers_.empty() && deeds_.empty()) << "a question or a window was expected";
+}
+
+void Player::RunProgram() {
+    FreshSystem();
+    ReadLine();
+    ChangesOnDrives();
+    while (!deeds_.empty() && DoOutside(deeds_.front())) deeds_.pop_front();
+    app::SysMan window;
+    views::Guard([&] { Start(window); });
+    if (unchecked_) Check(nullptr);
     FreshSystem();
 }
 
+void Player::ReadLine() {
+    for (const string& deed : Split(lines_[next_++].deeds, ',', '\'')) deeds_.push_back(deed);
+    if (deeds_.front().empty()) deeds_.clear();
+    unchecked_ = true;
+}
+
 void Player::Work(views::Form& form) {
+    // Deeds behind the start go on in a main window that is not looked at.
+    if (shown_.empty() && !deeds_.empty()) ChangesIn(form);
     while (form.IsOpen()) {
         if (deeds_.empty()) {
             if (unchecked_) Check(&form);
@@ -263,92 +265,87 @@ void Player::Work(views::Form& form) {
                 form.Dismiss();
                 break;
             }
-            for (const string& deed : Split(lines_[next_++].deeds, ',', '\''))
-                deeds_.push_back(deed);
-            unchecked_ = true;
+            ReadLine();
         }
         const string deed = deeds_.front();
         deeds_.pop_front();
         // A window that this opens goes on with the deeds behind it.
         Do(form, deed);
     }
-    shown_.erase(&form);
+    open_.erase(&form);
 }
 
 void Player::Do(views::Form& form, const string& deed) {
-    auto words = Split(deed, ' ', '\'');
-    std::erase(words, "");
-    const string verb = words.empty() ? "" : words[0];
+    const auto words = Split(deed, ' ', '\'');
+    if (DoOutside(deed)) return;
+    if (deed.starts_with('\'')) {
+        for (char c : Meant(deed.substr(1, deed.size() - 2))) Type(form, c);
+    } else if (deed == "close") {
+        views::Guard([&] { form.RequestClose(); });
+    } else if (words.size() == 1) {
+        auto keys = Split(deed, '+');
+        int shift = 0;
+        for (const string& held : keys) {
+            shift |= held == "Shift" ? views::kShift : held == "Ctrl" ? views::kCtrl : 0;
+            shift |= held == "Alt" ? views::kAlt : 0;
+        }
+        const int key = KeyNamed(keys.back());
+        ASSERT_GE(key, 0) << "there is no deed " << deed;
+        Press(form, key, shift);
+    } else {
+        DoInWindow(form, words[0], words[1], {words.begin() + 2, words.end()});
+    }
+}
+
+bool Player::DoOutside(const string& deed) {
     static const std::map<string, views::Answer> kAnswers = {{"yes", views::Answer::kYes},
                                                              {"no", views::Answer::kNo},
                                                              {"ok", views::Answer::kOk},
                                                              {"cancel", views::Answer::kCancel}};
-    if (const auto answer = kAnswers.find(verb); answer != kAnswers.end()) {
+    static const std::regex kDeed("(write|remove|protect) +(.+?)(?: '(.*)')?");
+    std::smatch parts;
+    if (const auto answer = kAnswers.find(deed); answer != kAnswers.end()) {
         answers_.push_back(answer->second);
-    } else if (DoOnDisk(deed)) {
-        ChangesOnDrives();
-    } else if (verb.starts_with('\'')) {
-        for (char c : Meant(deed.substr(1, deed.size() - 2))) Type(form, c);
-    } else if (words.size() == 1 && verb != "close") {
-        int shift = 0;
-        auto parts = Split(verb, '+');
-        for (const string& held : parts) {
-            shift |= held == "Shift" ? views::kShift : held == "Ctrl" ? views::kCtrl : 0;
-            shift |= held == "Alt" ? views::kAlt : 0;
-        }
-        const int key = KeyNamed(parts.back());
-        ASSERT_GE(key, 0) << "there is no deed " << deed;
-        Press(form, key, shift);
-    } else {
-        words.erase(words.begin());
-        DoInWindow(form, verb, words);
+        return true;
     }
-}
-
-bool Player::DoOnDisk(const string& deed) {
-    const auto blank = std::min(deed.find(' '), deed.size()),
-               end = std::min(deed.find(" '"), deed.size());
-    const string verb = deed.substr(0, blank), path = deed.substr(blank).substr(0, end - blank);
-    const string at(text::Trim(path));
-    if (verb == "write") drives_->Write(at, Meant(deed.substr(end + 2, deed.size() - end - 3)));
-    if (verb == "remove") {
+    if (!std::regex_match(deed, parts, kDeed)) return false;
+    const string path = parts[2];
+    if (parts[1] == "write") drives_->Write(path, Meant(parts[3].str()));
+    if (parts[1] == "protect") drives_->SetReadOnly(path, true);
+    if (parts[1] == "remove") {
         // Windows deletes no file that is read-only.
-        if (fs::is_regular_file(drives_->Path(at))) drives_->SetReadOnly(at, false);
-        fs::remove_all(drives_->Path(at));
+        if (fs::is_regular_file(drives_->Path(path))) drives_->SetReadOnly(path, false);
+        fs::remove_all(drives_->Path(path));
     }
-    if (verb == "protect") drives_->SetReadOnly(at, true);
-    return verb == "write" || verb == "remove" || verb == "protect";
+    ChangesOnDrives();
+    return true;
 }
 
-void Player::DoInWindow(views::Form& form, const string& verb, std::vector<string> words) {
-    if (verb == "close") return views::Guard([&] { form.RequestClose(); });
+void Player::DoInWindow(views::Form& form, const string& verb, const string& name, Strings words) {
     views::Control* control = nullptr;
     views::Grid* grid = nullptr;
     for (views::Control* each : form.Controls()) {
-        if (!words.empty() && each->Name() == words[0]) control = each;
+        if (each->Name() == name) control = each;
         if (auto* found = dynamic_cast<views::Grid*>(each)) grid = found;
     }
-    if (words.size() == 2 && grid != nullptr && control == nullptr) {
-        return ClickCell(*grid, std::stoi(words[0]), std::stoi(words[1]), verb == "double");
+    if (words.size() == 1 && grid != nullptr && control == nullptr) {
+        return ClickCell(*grid, std::stoi(name), std::stoi(words[0]), verb == "double");
     }
-    ASSERT_NE(control, nullptr) << form.Name() << " has no " << (words.empty() ? verb : words[0]);
-    if (verb == "click") return Click(*control);
-    words.erase(words.begin());
+    ASSERT_NE(control, nullptr) << form.Name() << " has no " << name;
     const string text = Join(words, " ");
+    const auto choose = [&](auto& list) {
+        const auto& items = list.Items();
+        const auto item = std::find(items.begin(), items.end(), text);
+        ASSERT_NE(item, items.end()) << name << " has no entry " << text;
+        list.Choose(static_cast<int>(item - items.begin()));
+    };
+    if (verb == "click") return Click(*control);
     if (verb == "paste") return Paste(*control, Meant(text.substr(1, text.size() - 2)));
     views::Guard([&] {
-        if (verb == "focus") {
-            control->SetFocus();
-        } else if (auto* drives = dynamic_cast<views::DriveList*>(control)) {
-            const auto& items = drives->Items();
-            drives->Choose(
-                static_cast<int>(std::find(items.begin(), items.end(), text) - items.begin()));
-        } else {
-            auto& list = dynamic_cast<views::ListBox&>(*control);
-            const auto& items = list.Items();
-            list.Choose(
-                static_cast<int>(std::find(items.begin(), items.end(), text) - items.begin()));
-        }
+        if (verb == "focus") return control->SetFocus();
+        if (auto* drives = dynamic_cast<views::DriveList*>(control)) return choose(*drives);
+        if (auto* list = dynamic_cast<views::ListBox*>(control)) return choose(*list);
+        FAIL() << "there is no deed " << verb << " for " << name;
     });
 }
 
@@ -357,8 +354,8 @@ void Player::Check(const views::Form* form) {
     const Line& line = lines_[next_ - 1];
     const string differences = form != nullptr ? Differences(*form) : "";
     EXPECT_EQ(differences, "") << "in the line: " << line.deeds;
-    std::vector<string> changes{form != nullptr ? ChangesIn(*form) : "",
-                                Join(std::exchange(said_, {})), ChangesOnDrives()};
+    Strings changes{form != nullptr ? ChangesIn(*form) : "", Join(std::exchange(said_, {})),
+                    ChangesOnDrives()};
     if (form == nullptr) changes.push_back("ended " + std::to_string(views::ExitStatus()));
     if (line.changes == "...") return;
     const string really = Join(changes);
@@ -368,23 +365,31 @@ void Player::Check(const views::Form* form) {
 }
 
 string Player::ChangesIn(const views::Form& form) {
-    const bool opening = !shown_.contains(&form);
-    const Facts before = opening ? Facts{} : shown_[&form];
+    const auto [last, first] = shown_.try_emplace(form.Name());
     // What is usual at the opening is no change afterwards.
-    const Facts now = FactsOf(form, false);
-    shown_[&form] = now;
-    std::vector<string> changes;
+    auto before = std::exchange(last->second, FactsOf(form, false));
+    const auto& now = last->second;
+    const bool opens = open_.insert(&form).second;
+    // A window that opens again says so by its caption.
+    if (opens && !first) before.front() = {};
+    Strings changes;
     int rows = 0;  // of those that have changed the first and the last are shown
-    for (const auto& fact : opening ? FactsOf(form, true) : now) {
-        if (std::find(before.begin(), before.end(), fact) != before.end()) continue;
-        rows = fact.first.find(" row ") == fact.first.npos ? 0 : rows + 1;
+    const auto add = [&](const Fact& fact, const string& change) {
+        rows = fact.aspect == views::Aspect::kCells ? rows + 1 : 0;
         if (rows > 5) changes.pop_back();
-        changes.push_back(rows > 4 ? ".. " + fact.second : fact.second);
+        changes.push_back(rows > 4 ? ".. " + change : change);
+    };
+    for (const auto& fact : first ? FactsOf(form, true) : now) {
+        if (std::find(before.begin(), before.end(), fact) != before.end()) continue;
+        add(fact, fact.value);
+        const bool told = opens || fact.control == nullptr || Told(*fact.control, fact.aspect);
+        EXPECT_TRUE(told) << "nobody tells the real window of " << fact.value;
     }
-    for (const auto& [name, value] : before) {
-        const auto same = [&name = name](const auto& fact) { return fact.first == name; };
-        if (std::none_of(now.begin(), now.end(), same)) changes.push_back("gone " + value);
+    for (const auto& fact : before) {
+        const auto same = [&](const Fact& other) { return other.name == fact.name; };
+        if (std::none_of(now.begin(), now.end(), same)) add(fact, "gone " + fact.value);
     }
+    Forget(form);
     return Join(changes);
 }
 
@@ -397,10 +402,20 @@ views::Answer Player::Answer(const views::Message& message) {
         text.replace(at, folder.size(), "<drives>");
     const string title =
         message.title == "Quarvel System Manager" ? "" : " \"" + message.title + "\"";
-    const string box = "box" + string(kButtons[static_cast<int>(message.buttons)]) +
-                       kIcons[static_cast<int>(message.icon)] + title + " \"" + text + "\"";
-    // What was said before in this script need not be read again.
-    said_.push_back(boxes_.insert(box).second ? box : "box again" + title);
+    string said = "box" + string(kButtons[static_cast<int>(message.buttons)]) +
+                  kIcons[static_cast<int>(message.icon)] + title + " \"" + text + "\"";
+    // Of a box much like an earlier one only the other part need be read.
+    for (const string& seen : boxes_[title]) {
+        const auto [left, from] = std::mismatch(text.begin(), text.end(), seen.begin(), seen.end());
+        const auto right = std::mismatch(text.rbegin(), std::make_reverse_iterator(left),
+                                         seen.rbegin(), std::make_reverse_iterator(from))
+                               .first.base();
+        const string other = left == right ? "" : " .." + string(left, right) + "..";
+        const string again = "box again" + title + other;
+        if (again.size() < said.size() / 2 + title.size()) said = again;
+    }
+    boxes_[title].push_back(text);
+    said_.push_back(said);
     if (message.buttons == views::Buttons::kOk) return views::Answer::kOk;
     if (answers_.empty()) {
         ADD_FAILURE() << "nobody answers " << said_.back();
@@ -417,13 +432,13 @@ void Player::Send(const std::vector<Page>& pages) {
     const std::time_t now = std::time(nullptr);
     const string today = platform::DateForms().ShortDate(*std::localtime(&now));
     for (const Page& page : pages) {
-        std::vector<string> lines;
+        string paper = "paper:";
         for (string line : page) {
-            const auto date = line.find(today);
-            if (date != line.npos) line.replace(date, line.size(), "<today>");
-            lines.push_back(Visible(line));
+            if (const auto date = line.find(today); date != line.npos)
+                line.replace(date, line.size(), "<today>");
+            paper += line.empty() ? "/" : " " + Visible(line) + " /";
         }
-        said_.push_back("paper: " + Join(lines, " / "));
+        said_.push_back(paper);
     }
 }
 
@@ -437,19 +452,22 @@ string Player::ChangesOnDrives() {
         std::replace(path.begin(), path.end(), '/', '\\');
         now[path] = entry.is_directory() ? "\\" : drives_->Read(path);
     }
-    std::vector<string> changes;
+    Strings changes;
     for (const auto& [path, bytes] : files_) {
         // What was in a directory goes with it.
         if (now.contains(path) || !now.contains(path.substr(0, path.rfind('\\')))) continue;
         changes.push_back(Visible(path) + " gone");
     }
+    string made = "?";  // the last directory, without which what is in it is named
     for (const auto& [path, bytes] : now) {
         const auto before = files_.find(path);
         if (before != files_.end() && before->second == bytes) continue;
         const string lines = bytes == "\\"
                                  ? "made"
                                  : LineChanges(before == files_.end() ? "" : before->second, bytes);
-        changes.push_back(Visible(path) + " " + lines);
+        const bool inside = path.starts_with(made + "\\");
+        changes.push_back(Visible(path.substr(inside ? made.size() : 0)) + " " + lines);
+        if (!inside && bytes == "\\") made = path;
     }
     files_ = std::move(now);
     return Join(changes);

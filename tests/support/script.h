@@ -14,15 +14,19 @@
 //     focus txtRapid   paste txtEditData '1'             by another way than a key
 //     close                                              by the frame of the window
 //     yes  no  ok  cancel                                how the next question is answered
-//     write c:\a.txt 'x'   remove c:\a   protect c:\a    another program does it; in a first line
-//                                                        before the start
+//     write c:\a.txt 'x'   remove c:\a   protect c:\a    another program does it
+//
+// Answers and deeds of another program at the beginning of the first line come before the start.
 //
 // In quotes \r \n \0 \xE9 stand for what cannot be seen, and {1-60:M#} for M1M2M3 and so on.
 //
-// What has changed: "caption"; focus NAME; cmdAdd or (cmdAdd) for enabled or not; no NAME for what
-// is hidden; [..] for a text that is selected; {a; b} for the entries of a list; of a grid its
-// rows, the current cell and which ones are marked; beep and box for what was said; and of each
-// file the lines that went (-) and came (+), an end of line shown only where it is not CR LF.
+// The line behind one that has ended the program starts it again.
+//
+// What has changed, since the window was last shown: "caption"; focus NAME; cmdAdd or (cmdAdd) for
+// enabled or not; no NAME for what is hidden; [..] for a text that is selected; {a; b} for the
+// entries of a list; of a grid its rows, the current cell and which ones are marked; beep and box
+// for what was said; and of each file the lines that went (-) and came (+), an end of line shown
+// only where it is not CR LF.
 #pragma once
 
 #include <deque>
@@ -41,11 +45,22 @@
 
 namespace test {
 
+// The bytes that a text in quotes stands for.
+std::string Meant(std::string_view text);
+
 enum class Paper { kKept, kReal };
 
 // Starts the program and plays the script in it. What is printed is kept and compared, or goes to
 // the real printer.
 void Play(const TempDrives& drives, std::string_view script, Paper paper = Paper::kKept);
+
+// Something that a window shows; under its name it is compared with what was shown before.
+struct Fact {
+    std::string name, value;
+    const views::Control* control = nullptr;
+    views::Aspect aspect = {};
+    bool operator==(const Fact& other) const { return name == other.name && value == other.value; }
+};
 
 // Who plays it: core_tests by events of the plain controls, gui_tests by a real keyboard and mouse.
 class Player : private views::Printer {
@@ -61,6 +76,9 @@ class Player : private views::Printer {
     virtual void ClickCell(views::Grid& grid, int row, int column, bool twice) = 0;
     // How a real window differs from its plain one when everything has come to rest.
     virtual std::string Differences(const views::Form&) { return {}; }
+    // Whether the real control was told of a change since the last comparison.
+    virtual bool Told(const views::Control&, views::Aspect) { return true; }
+    virtual void Forget(const views::Form&) {}
 
     // Goes on with the script in the window on top until it closes.
     void Work(views::Form& form);
@@ -72,13 +90,15 @@ class Player : private views::Printer {
     struct Line {
         std::string deeds, changes;
     };
-    using Facts = std::vector<std::pair<std::string, std::string>>;
 
+    void RunProgram();
+    void ReadLine();
     void Do(views::Form& form, const std::string& deed);
-    bool DoOnDisk(const std::string& deed);
+    bool DoOutside(const std::string& deed);
     void Send(const std::vector<Page>& pages) override;
     void ShowSetup() override { said_.push_back("printer set-up"); }
-    void DoInWindow(views::Form& form, const std::string& verb, std::vector<std::string> words);
+    void DoInWindow(views::Form& form, const std::string& verb, const std::string& name,
+                    std::vector<std::string> words);
     void Check(const views::Form* form);
     std::string ChangesIn(const views::Form& form);
     std::string ChangesOnDrives();
@@ -88,10 +108,11 @@ class Player : private views::Printer {
     std::size_t next_ = 0;
     std::deque<std::string> deeds_;  // of the line before `next_`, still to be done
     bool unchecked_ = false;         // what the line before `next_` has changed
-    std::map<const views::Form*, Facts> shown_;
+    std::map<std::string, std::vector<Fact>> shown_;  // last, by the name of the window
+    std::set<const views::Form*> open_;
     std::map<std::string, std::string> files_;
     std::vector<std::string> said_;
-    std::set<std::string> boxes_;
+    std::map<std::string, std::vector<std::string>> boxes_;  // their texts by title
     std::deque<views::Answer> answers_;
 };
 

@@ -1,94 +1,66 @@
 #include "tests/support/workshop.h"
 
-#include <initializer_list>
 #include <string>
-#include <string_view>
+
+#include "materiallist/material_list_table.h"
+#include "materialtypes/material_type_table.h"
+#include "process/process_file.h"
+#include "process/process_table.h"
+#include "profile/profile.h"
+#include "text/clean_text.h"
 
 namespace test {
 namespace {
 
-// Lines with the line ends of the data files, in which a blank line is a CR of its own.
-std::string Lines(std::initializer_list<std::string_view> lines) {
-    std::string text;
-    for (std::string_view line : lines) text.append(line.empty() ? "\r" : line).append("\r\n");
-    return text;
+using profile::Profile;
+
+// The texts as the windows show them, in all their places.
+void Clean(auto&... texts) {
+    ((texts = text::CleanText(texts)), ...);
 }
 
-std::string Padded(std::string text, std::size_t width) {
-    text.resize(width, ' ');
-    return text;
+std::string ProcessFile() {
+    process::ProcessTable table;
+    ReadProcesses(Profile("[Processes]\nProcess1=Plasma\nProcess2=Oxy Fuel\n"
+                          "[Plasma]\nRapid=20000\nLineMarkRate=6000\nLeadin=Line\nAngle=45\n"
+                          "LeadoutPercent=50\nLeadoutOverrun=3\nMajorDir=-1\nMinorDir=1\n"
+                          "MinorOpenKerf=1\nAddKerf=1\nThickness1=3mm, .1, 6400, 4, 1.5\n"
+                          "Thickness2=25mm, 2, 550, 12, 1.5\n"
+                          "[Oxy Fuel]\nRapid=.5\nLineMarkRate=1\nLeadin=A180\nMajorDir=1\n"
+                          "MinorOpenKerf=0\nExtension=1\nLeadout=Line\nLeadoutangle=-30\n"
+                          "Leadoutextension=1\n"),
+                  table);
+    for (auto& record : table.Processes) Clean(record.Name);
+    table.Process(1).Leadout = "Arc";
+    return ProcessFileText(table);
+}
+
+std::string MaterialTypesFile() {
+    materialtypes::MaterialTypeTable table;
+    ReadMaterialTypes(Profile("[Materials]\nMat1=MS\nMat2=SS304\n"
+                              "[MS]\nDescription=Mild steel\nDensity=7.85\n"
+                              "[SS304]\nDescription=Stainless\nDensity=.5\n"),
+                      table);
+    for (auto& record : table.Records) Clean(record.Code, record.Description);
+    return MaterialTypesText(table);
+}
+
+std::string ListFile(materiallist::ListSource source) {
+    materiallist::MaterialListTable table;
+    ReadMaterialList(Profile("[Mat1]\nType=MS\nThickness=10\nProcess=Plasma\n"
+                             "[Mat2]\nType=SS304\nThickness=12.5\nProcess=Oxy Fuel\n"),
+                     table);
+    return MaterialListText(table, source);
 }
 
 }  // namespace
 
 Workshop::Workshop() {
     const std::string system = "c:\\tolvarin\\system\\", user = "c:\\tolvarin\\USER\\";
-    Write(system + "process.dat",
-          Lines({"; PROCESS.DAT",
-                 "; Holds times etc for different processes",
-                 "",
-                 "[Processes]",
-                 "; This is a List of valid processes on the system",
-                 "Process1=" + Padded("Plasma", 64),
-                 "Process2=" + Padded("Oxy Fuel", 64),
-                 "",
-                 "[Plasma]",
-                 "; Rapid Traverse rate (mm/min)",
-                 "Rapid=20000",
-                 "LineMarkRate=6000",
-                 "; Default leadin type etc",
-                 "Leadin=Line",
-                 "; Default leadin angle - zero if missing",
-                 "Angle=45",
-                 "; default Percent of Leadin Length and leadout Overrun distance",
-                 "LeadoutPercent=50",
-                 "LeadoutOverrun=3",
-                 "MajorDir=-1",
-                 "MinorDir=1",
-                 "MinorOpenKerf=1",
-                 "AddKerf=1",
-                 "; List of valid thicknesses for this process",
-                 "; Thickness, Pierce time(secs), Feedrate(mm/min), Default Leadin(mm), optional "
-                 "Nozzle size",
-                 "Thickness1=3mm, .1, 6400, 4, 1.5",
-                 "Thickness2=25mm, 2, 550, 12, 1.5",
-                 "Leadout=Arc ",
-                 "",
-                 "[Oxy Fuel]",
-                 "; Rapid Traverse rate (mm/min)",
-                 "Rapid=.5",
-                 "LineMarkRate=1",
-                 "; Default leadin type etc",
-                 "Leadin=A180",
-                 "; default Percent of Leadin Length and leadout Overrun distance",
-                 "LeadoutPercent=0",
-                 "LeadoutOverrun=0",
-                 "MajorDir=1",
-                 "MinorOpenKerf=0",
-                 "Extension=1",
-                 "AddKerf=0",
-                 "; List of valid thicknesses for this process",
-                 "; Thickness, Pierce time(secs), Feedrate(mm/min), Default Leadin(mm), optional "
-                 "Nozzle size",
-                 "Leadout=Line",
-                 "Leadoutangle=-30",
-                 "Leadoutextension=1"}));
-    Write(system + "mattypes.dat",
-          Lines({"; MATTYPES.DAT", "; Material types database.", "",
-                 "; Densities are in tonnes/cubic metre", "", "[Materials]",
-                 "Mat1=" + Padded("MS", 32), "Mat2=" + Padded("SS304", 32), "", "[MS]",
-                 "Description=" + Padded("Mild steel", 50), "Density=7.85", "", "[SS304]",
-                 "Description=" + Padded("Stainless", 50), "Density=.5"}));
-    const std::string list =
-        Lines({"; MATERIAL.DAT", "; Defaults Material Database",
-               "; Used for creating new directories", "", "[Mat1]", "Type=MS", "Thickness=mm",
-               "Process=Plasma", "", "[Mat2]", "Type=SS304", "Thickness=mm", "Process=Oxy Fuel"});
-    Write(system + "material.dat", list);
-    Write(user + "PROD\\P10\\MATERIAL.DAT",
-          Lines({"; MATERIAL.DAT", "; Defaults Material Database",
-                 "; Used for creating new directories", "", "[Mat1]", "Type=MS", "Thickness=10mm",
-                 "Process=Plasma", "", "[Mat2]", "Type=SS304", "Thickness=12.5mm",
-                 "Process=Oxy Fuel"}));
+    Write(system + "process.dat", ProcessFile());
+    Write(system + "mattypes.dat", MaterialTypesFile());
+    Write(system + "material.dat", ListFile(materiallist::kSystemDefaults));
+    Write(user + "PROD\\P10\\MATERIAL.DAT", ListFile(materiallist::kExistingDirectory));
     for (const char* folder : {"COMP", "GROUP", "NEST", "TAPE"}) {
         MakeDir(user + "PROD\\P10\\" + folder);
     }
