@@ -244,6 +244,7 @@ void Player::RunProgram() {
     ChangesOnDrives();
     while (!deeds_.empty() && DoOutside(deeds_.front())) deeds_.pop_front();
     app::SysMan window;
+    main_ = &window;
     views::Guard([&] { Start(window); });
     if (unchecked_) Check(nullptr);
     FreshSystem();
@@ -256,8 +257,8 @@ void Player::ReadLine() {
 }
 
 void Player::Work(views::Form& form) {
-    // Deeds behind the start go on in a main window that is not looked at.
-    if (shown_.empty() && !deeds_.empty()) ChangesIn(form);
+    // A script may leave the main window without a look at it.
+    if (shown_.empty() && main_ != &form) ChangesIn(*main_);
     while (form.IsOpen()) {
         if (deeds_.empty()) {
             if (unchecked_) Check(&form);

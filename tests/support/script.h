@@ -104,6 +104,7 @@ class Player : private views::Printer {
     std::string ChangesOnDrives();
 
     const TempDrives* drives_ = nullptr;
+    const views::Form* main_ = nullptr;
     std::vector<Line> lines_;
     std::size_t next_ = 0;
     std::deque<std::string> deeds_;  // of the line before `next_`, still to be done
