@@ -204,4 +204,22 @@ std::optional<std::size_t> Profile::EndOfSection(std::string_view section) const
     return found->end;
 }
 
+std::vector<Item> Profile::Items() const {
+    std::vector<Item> items;
+    const auto offset = [&](std::string_view name) {
+        return name.data() == nullptr ? 0 : static_cast<std::size_t>(name.data() - bytes_->data());
+    };
+    auto entry = entries_.begin();
+    for (std::uint32_t i = 0; i < sections_.size(); ++i) {
+        const auto name = sections_[i].name;
+        const bool first = FindSection(name) == &sections_[i];
+        items.push_back({offset(name), name, std::nullopt, {}, first});
+        for (; entry != entries_.end() && entry->section == i; ++entry) {
+            items.push_back({offset(entry->key), name, entry->key, entry->value,
+                             first && FindEntry(name, entry->key) == &*entry});
+        }
+    }
+    return items;
+}
+
 }  // namespace profile

@@ -23,6 +23,15 @@ struct ValuePlace {
     std::size_t length;
 };
 
+// A section line or a key as it stands in the file.
+struct Item {
+    std::size_t offset;  // of its name
+    std::string_view section;
+    std::optional<std::string_view> key;  // nothing for the line of the section itself
+    std::string_view value;               // with its quotes, without blanks around it
+    bool found;  // by a look-up; another one of its name in front of it takes its place otherwise
+};
+
 class Profile {
   public:
     // The size of the buffer that the system reads every value into, its final NUL included.
@@ -61,6 +70,11 @@ class Profile {
     // would: behind the last line of it that is not blank.
     std::optional<ValuePlace> PlaceOf(std::string_view section, std::string_view key) const;
     std::optional<std::size_t> EndOfSection(std::string_view section) const;
+
+    // All sections and keys in the order of the file, those too that no look-up finds. What stands
+    // in front of the first section line is a section without a name at offset 0. Valid as long as
+    // the profile.
+    std::vector<Item> Items() const;
 
     const std::string& Bytes() const { return *bytes_; }
 

@@ -1,0 +1,31 @@
+// What is wrong or doubtful in the data files of the system directory and in a material list.
+#pragma once
+
+#include <string>
+
+#include "inspect/finding.h"
+#include "materiallist/material_list_table.h"
+#include "materialtypes/material_type_table.h"
+#include "process/process_table.h"
+
+namespace inspect {
+
+// The tables that material lists are tied to, as the loader fills them. What cannot be read is
+// empty and not there.
+struct Tables {
+    process::ProcessTable processes;
+    materialtypes::MaterialTypeTable types;
+    bool hasProcesses = false;
+    bool hasTypes = false;
+};
+
+// Each takes the path of the file on the system and its bytes, and never writes. The first two
+// fill their table where the file can be read.
+void CheckProcesses(const std::string& path, const std::string& bytes, Tables& tables,
+                    Findings& findings);
+void CheckMaterialTypes(const std::string& path, const std::string& bytes, Tables& tables,
+                        Findings& findings);
+void CheckMaterialList(const std::string& path, const std::string& bytes,
+                       materiallist::ListSource source, const Tables& tables, Findings& findings);
+
+}  // namespace inspect

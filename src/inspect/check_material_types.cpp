@@ -1,0 +1,57 @@
+#include <algorithm>
+#include <vector>
+
+#include "errors/errors.h"
+#include "inspect/believable.h"
+#include "inspect/check_files.h"
+#include "inspect/data_file.h"
+#include "profile/data_file.h"
+#include "text/numbers.h"
+
+namespace inspect {
+
+void CheckMaterialTypes(const std::string& path, const std::string& bytes, Tables& tables,
+                        Findings& findings) {
+    using materialtypes::MaterialTypeRecord;
+    DataFile file(path, bytes, findings);
+    const std::string list = "Materials";
+    const int count =
+        file.CountNumbered(list, "Mat", materialtypes::MaxMaterialTypes, "material types");
+    std::vector<std::string> seen;
+    for (int n = 1; n <= std::min(count, materialtypes::MaxMaterialTypes); ++n) {
+        const std::string key = profile::Numbered("Mat", n), code = file.Value(list, key);
+        const std::size_t line = file.LineOf(list, key);
+        const std::string section = code.substr(0, decltype(MaterialTypeRecord::Code)::kWidth);
+        file.CheckName(line, code, decltype(MaterialTypeRecord::Code)::kWidth);
+        if (std::find(seen.begin(), seen.end(), Comparable(section)) != seen.end()) {
+            file.Report(Severity::kWarning, line,
+                        code + " is listed twice: both share one description and density");
+            continue;
+        }
+        seen.push_back(Comparable(section));
+        file.Use(section);
+        if (!file.HasSection(section)) {
+            file.Report(Severity::kWarning, line,
+                        "there is no section [" + section + "]: " + code +
+                            " has no description and the density 0");
+            continue;
+        }
+        file.CheckWidth(file.LineOf(section, "Description"), file.Value(section, "Description"),
+                        decltype(MaterialTypeRecord::Description)::kWidth);
+        file.CheckNumber(section, "Density");
+        const std::string doubt = DoubtOfDensity(text::ToSingle(file.Value(section, "Density")));
+        if (!doubt.empty()) {
+            file.Report(Severity::kNote, file.LineOf(section, "Density"), code + ": " + doubt);
+        }
+    }
+    file.CheckUnused({"Mat#", "Description", "Density"});
+    try {
+        ReadMaterialTypes(file.Profile(), tables.types);
+        ReadMaterialTypeCodes(file.Profile(), tables.types);
+        tables.hasTypes = true;
+    } catch (const errors::FatalError&) {
+        // Told above.
+    }
+}
+
+}  // namespace inspect
