@@ -85,10 +85,14 @@ int KeyNamed(const string& name) {
     return key != kKeys.end() ? key->second : name.size() == 1 ? name[0] : -1;
 }
 
+// What is selected stands in brackets where the focus is.
 string Quoted(const views::TextPart& part, bool focus) {
-    const string text = Visible(part.Text());
-    const bool all = focus && part.SelLength() > 0 && part.SelLength() == part.Text().size();
-    return all ? " \"[" + text + "]\"" : " \"" + text + "\"";
+    string text = part.Text();
+    if (focus && part.SelLength() > 0) {
+        text.insert(part.SelStart() + part.SelLength(), "]");
+        text.insert(part.SelStart(), "[");
+    }
+    return " \"" + Visible(text) + "\"";
 }
 
 // What a window shows, each fact under a name, in the order of the window; a fact that is usual
@@ -112,6 +116,7 @@ std::vector<Fact> FactsOf(const views::Form& form, bool opening) {
             const string& group = option->Group().buttons.front()->Name();
             if (option->Value()) add(Aspect::kValue, group, name + " on");
         } else if (const auto* drives = dynamic_cast<const DriveList*>(control)) {
+            add(Aspect::kItems, name + " has", name + " {" + Join(drives->Items()) + "}");
             add(Aspect::kIndex, name, name + " \"" + drives->Drive() + "\"");
         } else if (const auto* grid = dynamic_cast<const Grid*>(control)) {
             for (int row = 0; row < grid->Rows(); ++row) {
@@ -257,8 +262,9 @@ void Player::ReadLine() {
 }
 
 void Player::Work(views::Form& form) {
-    // A script may leave the main window without a look at it.
-    if (shown_.empty() && main_ != &form) ChangesIn(*main_);
+    // A script may go on from the main window without a look at it.
+    const bool passed = main_ == &form ? shown_.empty() && !deeds_.empty() : shown_.size() < 2;
+    if (passed) ChangesIn(*main_);
     while (form.IsOpen()) {
         if (deeds_.empty()) {
             if (unchecked_) Check(&form);

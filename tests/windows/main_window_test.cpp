@@ -23,9 +23,9 @@ using test::Play;
 
 TEST(MainWindow, ListsTheDirectoriesOfTheDriveThatIsChosen) {
     Play(R"#(
-    write c:\tolvarin\USER\PROD\ Notes.TXT 'x' -> "Quarvel System Manager - 2.03"; drvList "c:";
-        -> optDesign on; lstDirectory {plates}; lstDirectory ""; (cmdMaterial); (cmdDelete);
-        -> (cmdPrint); focus lstDirectory
+    write c:\tolvarin\USER\PROD\ Notes.TXT 'x' -> "Quarvel System Manager - 2.03"; drvList {c:;
+        -> d:}; drvList "c:"; optDesign on; lstDirectory {plates}; lstDirectory ""; (cmdMaterial);
+        -> (cmdDelete); (cmdPrint); focus lstDirectory
     choose lstDirectory plates -> lstDirectory "plates"; cmdDelete; cmdPrint
     click optProduction -> optProduction on; lstDirectory {notes.txt; p10}; lstDirectory "";
         -> (cmdDelete); (cmdPrint); focus optProduction
@@ -59,9 +59,9 @@ TEST(MainWindow, StartsAsItIsConfigured) {
     write c:\WINDOWS\NestCfg32.INI '[System]\r\nNestRootDir= \Plant A \r\nNestHomeDrive=d:\\r\n',
     write d:\plant a\SYSTEM\nest.ini '[userinfo]\nusernumber=123\n',
     write d:\plant a\network\USER12\nestuser.ini '; kept\n[SystemManager]\nCurrentSysManDrive=C:\n',
-    write c:\plant a\user\design\Job\x 'x' -> "Quarvel System Manager - 2.03"; drvList "c:";
-        -> optDesign on; lstDirectory {job}; lstDirectory ""; (cmdMaterial); (cmdDelete);
-        -> (cmdPrint); focus lstDirectory
+    write c:\plant a\user\design\Job\x 'x' -> "Quarvel System Manager - 2.03"; drvList {c:; d:};
+        -> drvList "c:"; optDesign on; lstDirectory {job}; lstDirectory ""; (cmdMaterial);
+        -> (cmdDelete); (cmdPrint); focus lstDirectory
     no, choose drvList d: -> drvList "d:"; lstDirectory {}; focus drvList; box Yes/No "No Nest data
         -> on d:\nWould you like to make d: a Nest data drive?"
     close -> d:\plant a\network\USER12\nestuser.ini -CurrentSysManDrive=C:\n;
@@ -79,8 +79,8 @@ TEST(MainWindow, StartsAsItIsConfigured) {
 TEST(MainWindow, DeletesADirectoryAfterTwoQuestions) {
     Play(R"#(
     write c:\tolvarin\USER\PROD\P10\TAPE\a.tap 'x', click cmdDelete, click optProduction,
-    choose lstDirectory p10, no, click cmdDelete -> "Quarvel System Manager - 2.03"; drvList "c:";
-        -> optProduction on; lstDirectory {p10}; lstDirectory "p10"; focus cmdDelete;
+    choose lstDirectory p10, no, click cmdDelete -> optProduction on; lstDirectory {p10};
+        -> lstDirectory "p10"; cmdMaterial; cmdDelete; cmdPrint; focus cmdDelete;
         -> box Yes/No question "Are you sure you want to delete the p10 directory?"
     yes, no, click cmdDelete -> box again; box Yes/No question "Are you REALLY sure you want to
         -> delete the p10 directory?\n(This is pretty serious!)"
@@ -101,11 +101,9 @@ TEST(MainWindow, DeletesADirectoryAfterTwoQuestions) {
 
 TEST(MainWindow, SaysWhyAListCannotBeOpened) {
     Play(R"#(
-    remove c:\tolvarin\system\process.dat, click cmdSysDefaults -> "Quarvel System Manager - 2.03";
-        -> drvList "c:"; optDesign on; lstDirectory {plates}; lstDirectory ""; (cmdMaterial);
-        -> (cmdDelete); (cmdPrint); focus cmdSysDefaults; beep; box "Error in Loading" "File
-        -> c:\tolvarin\system\process.dat is not found"; beep; box "Error in Loading" "Problem
-        -> During Loading files\rCan not start Material List Edit"
+    remove c:\tolvarin\system\process.dat, click cmdSysDefaults -> focus cmdSysDefaults; beep;
+        -> box "Error in Loading" "File c:\tolvarin\system\process.dat is not found"; beep;
+        -> box "Error in Loading" "Problem During Loading files\rCan not start Material List Edit"
     write c:\tolvarin\system\process.dat '', remove c:\tolvarin\system\mattypes.dat,
     click cmdSysDefaults -> beep; box again "Error in Loading" ..mattype..; beep;
         -> box again "Error in Loading"
@@ -178,11 +176,10 @@ TEST(MainWindow, PrintsListings) {
 
 TEST(MainWindow, WritesTheBatchFileOfABackup) {
     Play(R"#(
-    ok, cancel, click cmdBackup -> "Quarvel System Manager - 2.03"; drvList "c:"; optDesign on;
-        -> lstDirectory {plates}; lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint);
-        -> focus cmdBackup; box OK/Cancel none "Please insert a floppy disk"; box again
+    ok, cancel, click cmdBackup -> focus cmdBackup; box OK/Cancel none "Please insert a floppy
+        -> disk"; box again
     write b:\x '', click cmdBackup -> "Quarvel Backup"; optAllDirectories on; (optSelectedDir);
-        -> drvDest "b:"; focus optAllDirectories
+        -> drvDest {b:; c:; d:}; drvDest "b:"; focus optAllDirectories
     Enter -> focus cmdOK; box information "The batch file c:\tolvarin\SYSTEM\QVBACKUP.BAT was
         -> written.\nIt was not started: this computer has no command interpreter for it.";
         -> c:\tolvarin\system\QVBACKUP.BAT +@echo off; +echo Backing Up Design Data to b:;
@@ -193,7 +190,8 @@ TEST(MainWindow, WritesTheBatchFileOfABackup) {
         -> +backup c:\tolvarin\USER\*.* d: /s
     click cmdCancel ->
     write a:\x '', click optProduction, choose lstDirectory p10, click cmdBackup -> "Quarvel
-        -> Backup"; optSelectedDir; optSelectedDir on; drvDest "a:"; focus optSelectedDir
+        -> Backup"; optSelectedDir; optSelectedDir on; drvDest {a:; b:; c:; d:}; drvDest "a:";
+        -> focus optSelectedDir
     click cmdOK -> focus cmdOK; box again; c:\tolvarin\system\QVBACKUP.BAT -echo Backing Up All
         -> Data to d:; -backup c:\tolvarin\USER\*.* d: /s; +echo Backing Up p10 to a:;
         -> +backup c:\tolvarin\USER\PROD\p10\*.* a: /s
@@ -219,14 +217,12 @@ TEST(MainWindow, KeepsApartWhatDiffersInCaseOnly) {
     std::filesystem::create_directory_symlink("P10", folder / "link");
     test::Play(workshop, R"#(
     write c:\tolvarin\USER\PROD\job\COMP\lower 'x', write c:\tolvarin\USER\PROD\JOB\COMP\UPPER '',
-    write c:\tolvarin\USER\PROD\ JOB\x '', click optProduction -> "Quarvel System Manager - 2.03";
-        -> drvList "c:"; optProduction on; lstDirectory {job; job; job; link; p10};
-        -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus optProduction
+    write c:\tolvarin\USER\PROD\ JOB\x '', click optProduction -> optProduction on; lstDirectory
+        -> {job; job; job; link; p10}; focus optProduction
     choose lstDirectory job, click cmdPrint, click chkGroups, click chkNest, click chkTape ->
         -> "Print Directory Data"; optAllDir on; chkComp on; chkGroups off; chkNest off;
         -> chkTape off; focus chkTape
-    click cmdOK -> lstDirectory "job"; cmdMaterial; cmdDelete; cmdPrint; focus cmdPrint;
-        -> paper: Quarvel for Windows by Halcor.<11>Date <today> // Production Data // job
+    click cmdOK -> paper: Quarvel for Windows by Halcor.<11>Date <today> // Production Data // job
         -> directory // Components // <No files> //; paper: Quarvel for Windows by Halcor.<11>Date
         -> <today> // Production Data // job directory // Components // UPPER<50>0   <today> //;
         -> paper: Quarvel for Windows by Halcor.<11>Date <today> // Production Data // job
