@@ -1,0 +1,56 @@
+// check and uses.
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "commandline/commands.h"
+#include "inspect/installation.h"
+#include "inspect/uses.h"
+
+namespace commandline {
+namespace {
+
+int Tell(const inspect::Findings& findings) {
+    for (const auto& finding : findings) std::cout << inspect::Sentence(finding) << '\n';
+    return findings.empty() ? kNothingFound : kSomethingFound;
+}
+
+struct Options {
+    std::vector<std::string> drives;
+    std::string name;
+};
+
+}  // namespace
+
+void AddInspection(CLI::App& app, Run& run) {
+    const auto options = std::make_shared<Options>();
+    const auto add = [&](CLI::App& to, const char* name, const char* help, const Run& action) {
+        CLI::App* command = to.add_subcommand(name, help);
+        command
+            ->add_option("--drive", options->drives,
+                         "Only this drive, by its letter; more than once for more drives")
+            ->type_name("LETTER");
+        command->callback([&run, action] { run = action; });
+        return command;
+    };
+    add(app, "check", "Tells what is wrong or doubtful: path:line: error, warning or note: text",
+        [options] { return Tell(inspect::Check(inspect::DataDrives(options->drives))); });
+
+    CLI::App* uses = app.add_subcommand("uses", "Tells which material lists name something");
+    uses->require_subcommand(1);
+    const auto tellUses = [options](inspect::Named what) {
+        const auto lists = inspect::MaterialLists(inspect::DataDrives(options->drives));
+        return Tell(inspect::UsesOf(what, Given(options->name), lists));
+    };
+    add(*uses, "process", "A process", [=] { return tellUses(inspect::Named::kProcess); })
+        ->add_option("NAME", options->name, "Its name, in any case")
+        ->required();
+    add(*uses, "material", "A material type",
+        [=] { return tellUses(inspect::Named::kMaterialType); })
+        ->add_option("CODE", options->name, "Its code, in any case")
+        ->required();
+}
+
+}  // namespace commandline
