@@ -31,7 +31,8 @@ void AddInspection(CLI::App& app, Run& run) {
         command
             ->add_option("--drive", options->drives,
                          "Only this drive, by its letter; more than once for more drives")
-            ->type_name("LETTER");
+            ->type_name("LETTER")
+            ->allow_extra_args(false);
         command->callback([&run, action] { run = action; });
         return command;
     };
