@@ -52,7 +52,6 @@ void CheckTable(FuzzedDataProvider& input) {
         return input.ConsumeIntegralInRange(from, to);
     };
     const auto number = [&] { return static_cast<float>(pick(0, 9999)) / 8; };  // of seven digits
-    const auto name = [&](int n) { return "P" + std::to_string(n) + "." + Word(input); };
     const auto lead = [&] { return input.PickValueInArray({"Line", "Arc", "A180", ""}); };
     const auto clean = [](auto& text) { text = text::CleanText(text); };
 
@@ -60,17 +59,15 @@ void CheckTable(FuzzedDataProvider& input) {
     table.ProcessCount = pick(0, process::MaxProcesses);
     for (int n = 1; n <= table.ProcessCount; ++n) {
         auto& record = table.Process(n);
-        record.Name = name(n);
+        record.Name = "P" + std::to_string(n) + "." + Word(input);
         record.Rapid = number(), record.LineMarkRate = number();
         record.Leadin = lead(), record.Leadout = lead();
         if (record.Leadin.View() == process::kLeadLine) record.Angle = pick(-32768, 32767);
         if (record.Leadout.View() == process::kLeadLine) record.Leadoutangle = pick(-32768, 32767);
-        for (auto* any : {&record.LeadoutPercent, &record.LeadoutOverrun})
-            *any = pick(-32768, 32767);
-        for (auto* sign : {&record.MajorDir, &record.MinorDir, &record.MinorOpenKerf})
-            *sign = pick(-1, 1);
-        for (auto* flag : {&record.Extension, &record.AddKerf}) *flag = pick(0, 1);
-        record.Leadoutextension = pick(0, 32767);
+        record.LeadoutPercent = pick(-32768, 32767), record.LeadoutOverrun = pick(-32768, 32767);
+        record.MajorDir = pick(-1, 1), record.MinorDir = pick(-1, 1);
+        record.MinorOpenKerf = pick(-1, 1), record.AddKerf = pick(0, 1);
+        record.Extension = pick(0, 1), record.Leadoutextension = pick(0, 32767);
         record.ThicknessCount = pick(0, 3);
         for (int k = 1; k <= record.ThicknessCount; ++k) {
             record.Row(k) = {-number(), number(), number(), number(), number()};

