@@ -161,7 +161,7 @@ string Types(const string& bytes, bool shown = false) {
 }
 
 string List(const string& bytes, bool = false) {
-    materiallist::MaterialListTable table;
+    materiallist::MaterialListTable table{3, {}};  // of the list before
     ReadMaterialList(Profile(bytes), table);
     return MaterialListText(table, materiallist::kExistingDirectory);
 }
