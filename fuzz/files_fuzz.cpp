@@ -1,18 +1,10 @@
-// Any bytes as the files of the system. Of a profile every key is found with the value that was put
-// there, and a key that is written changes its own value and no other byte. Each data file is a
-// table within its limits or refused, and what was written once is read and written the same.
+// Any bytes as a profile: every key that is written is found with its value, also after the next.
+// Any processes as their data file: what is written is read back as it was.
 #include <fuzzer/FuzzedDataProvider.h>
 
-#include <algorithm>
-#include <cstdint>
 #include <cstdlib>
 #include <map>
-#include <set>
-#include <string>
 
-#include "errors/errors.h"
-#include "materiallist/material_list_table.h"
-#include "materialtypes/material_type_table.h"
 #include "process/process_file.h"
 #include "process/process_table.h"
 #include "profile/profile.h"
@@ -29,144 +21,69 @@ using profile::Profile;
 using std::string;
 
 // What can stand in a line as a name or a value.
-string Word(FuzzedDataProvider& input, const char* forbidden, std::size_t most = 70) {
-    string word = input.ConsumeRandomLengthString(most);
-    std::erase_if(word, [&](char c) {
-        return static_cast<unsigned char>(c) <= ' ' || string(forbidden).find(c) != string::npos;
-    });
+string Word(FuzzedDataProvider& input) {
+    string word = input.ConsumeRandomLengthString(70);
+    std::erase_if(word, [](char c) { return c == ' ' || !text::IsPrintableChar({&c, 1}); });
+    std::erase_if(word, [](char c) { return c == '"' || c == '\'' || c == ']'; });
     return word;
 }
 
-// One that comes again, in this case or the other.
-string Name(FuzzedDataProvider& input) {
-    return input.PickValueInArray({"a", "A", "b", "B", "a b", "", "\xFC", "\xDC", "\xFF"});
-}
-
-using Keys = std::map<std::pair<string, string>, string>;  // by section and key in capitals
-
-void CheckFound(const string& bytes, const Keys& keys) {
-    const Profile file(bytes);
-    for (const auto& [name, value] : keys) REQUIRE(file.Find(name.first, name.second) == value);
-    REQUIRE(!file.Find("nowhere", "a") && !file.Find("a", "never"));
-}
-
-// All bytes are there still but these, which stood in one place: a value with its quotes, or none.
-void CheckOnlyChange(const string& before, const string& after, std::size_t went) {
-    const auto front = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
-    const auto back = std::mismatch(before.rbegin(), before.rend(), after.rbegin(), after.rend());
-    const auto same = (front.first - before.begin()) + (back.first - before.rbegin());
-    REQUIRE(static_cast<std::size_t>(same) + went >= before.size());
-}
-
 void CheckProfile(FuzzedDataProvider& input) {
-    const string lineEnd = input.PickValueInArray({"\r\n", "\n", "\r"});
-    string file, section;
-    Keys keys;
-    std::set<string> sections{""};
-    bool counts = true;  // of two sections of a name the first does, and of two keys
-    for (int lines = input.ConsumeIntegralInRange(0, 20); lines > 0; --lines) {
-        const string blanks = input.PickValueInArray({"", "", " ", "\t "}), name = Name(input);
-        const int kind = input.ConsumeIntegralInRange(0, 5);
-        if (kind == 0) file += blanks + ";" + name + "=";
-        if (kind == 1) {
-            section = text::UpperCase(name);
-            counts = sections.insert(section).second;
-            file += blanks + "[" + blanks + name + blanks + "]" + blanks;
-        } else if (kind > 1) {
-            const string value = Word(input, "\"'", 8), quote = kind == 2 ? "'" : "";
-            if (counts) keys.try_emplace({section, text::UpperCase(name)}, value);
-            file += blanks + name + blanks + "=" + blanks + quote + value + quote + blanks;
-        }
-        file += lineEnd;
-    }
-    CheckFound(file, keys);
-    const string wanted = Name(input), key = Name(input), value = Word(input, "\"'", 8);
-    const std::pair place(text::UpperCase(wanted), text::UpperCase(key));
-    const auto written = profile::WithKey(file, wanted, key, value);
-    REQUIRE(written);
-    CheckOnlyChange(file, *written, keys.contains(place) ? keys[place].size() + 2 : 0);
-    keys[place] = value;
-    CheckFound(*written, keys);
-    // And into anything.
-    const string bytes = input.ConsumeRemainingBytesAsString();
-    if (const auto changed = profile::WithKey(bytes, "x", key, value)) {
-        REQUIRE(Profile(*changed).Find("x", key) == value);
-        if (!Profile(bytes).Find("x", key)) CheckOnlyChange(bytes, *changed, 0);
-    }
-    REQUIRE(!profile::WithKey(file, "x\n", key, value) && !profile::WithKey(file, "x", "=", value));
-}
-
-// A file of all three formats at once. Its names are found by hash, which no fuzzer guesses.
-string DataFile(FuzzedDataProvider& input) {
-    string names = "[Processes]", types = "\r\n[Materials]", sections;
-    const auto add = [&](std::initializer_list<const char*> keys) {
-        for (const char* key : keys) {
-            const string usual = input.PickValueInArray(
-                {"Line", "Arc ", "A180", "0", "1", "-1", "2.5", ".5mm", "9, 1e9,,x,.25"});
-            if (input.ConsumeBool()) sections += "\r\n" + string(key) + "=" + usual;
-            if (input.ConsumeBool()) sections += Word(input, "\"'");
-        }
+    // A name comes again, in this case or the other.
+    const auto name = [&] {
+        return string(input.PickValueInArray({"a", "A", "b", "a b", "", "\xFC", "\xDC", "\xFF"}));
     };
-    for (int n = input.ConsumeIntegralInRange(0, 22); n > 0; --n) {
-        const string number = std::to_string(n), name = "P" + number + "." + Word(input, "\"']");
-        names += "\r\nProcess" + number + "=" + name;
-        types += "\r\nMat" + number + "=" + name;
-        sections += "\r\n[" + name + "]";
-        add({"Rapid", "LineMarkRate", "Leadin", "Angle", "Leadout", "MajorDir", "Leadoutangle",
-             "LeadoutPercent", "LeadoutOverrun", "MinorDir", "MinorOpenKerf", "Extension",
-             "Leadoutextension", "AddKerf", "Description", "Density", "Thickness1", "Thickness2"});
-        sections += "\r\n[Mat" + number + "]";
-        add({"Type", "Thickness", "Process"});
-    }
-    return names + types + sections + "\r\n";
-}
-
-// What one writing makes of a file, another one leaves; `read` gives back the text to write.
-template <class Read>
-void CheckKept(string bytes, Read read) {
-    try {
-        // The second time, the last digit of a number may still change.
-        for (int times = 0; times < 2; ++times) bytes = read(Profile(bytes));
-        REQUIRE(read(Profile(bytes)) == bytes);
-    } catch (const errors::FatalError&) {
+    string file = input.ConsumeRandomLengthString();
+    std::map<std::pair<string, string>, string> keys;  // by section and key in capitals
+    for (int writes = input.ConsumeIntegralInRange(0, 20); writes > 0; --writes) {
+        const string section = name(), key = name(), value = Word(input);
+        const auto written = profile::WithKey(file, section, key, value);
+        if (!written) continue;
+        file = *written;
+        keys[{text::UpperCase(section), text::UpperCase(key)}] = value;
+        const Profile read(file);
+        for (const auto& [place, kept] : keys)
+            REQUIRE(read.Find(place.first, place.second) == kept);
     }
 }
 
-void CheckDataFiles(const string& bytes) {
-    // The texts are cleaned as the windows do.
+void CheckTable(FuzzedDataProvider& input) {
+    const auto pick = [&](std::int16_t from, std::int16_t to) {
+        return input.ConsumeIntegralInRange(from, to);
+    };
+    const auto number = [&] { return static_cast<float>(pick(0, 9999)) / 8; };  // of seven digits
+    const auto lead = [&] { return input.PickValueInArray({"Line", "Arc", "A180", ""}); };
     const auto clean = [](auto& text) { text = text::CleanText(text); };
-    CheckKept(bytes, [&](const Profile& file) {
-        process::ProcessTable table, ranges;
-        ReadProcesses(file, table);
-        ReadProcessRanges(file, ranges);
-        REQUIRE(ranges.ProcessCount == table.ProcessCount);
-        for (auto& record : table.Processes) clean(record.Name);
-        return ProcessFileText(table);
-    });
-    CheckKept(bytes, [&](const Profile& file) {
-        materialtypes::MaterialTypeTable table, codes;
-        ReadMaterialTypes(file, table);
-        ReadMaterialTypeCodes(file, codes);
-        REQUIRE(codes.Count == table.Count);
-        for (auto& record : table.Records) clean(record.Code), clean(record.Description);
-        return MaterialTypesText(table);
-    });
-    CheckKept(bytes, [&](const Profile& file) {
-        materiallist::MaterialListTable table;
-        const bool fits = ReadMaterialList(file, table) != profile::ReadResult::kTooBig;
-        REQUIRE(fits == (table.EntryCount < materiallist::MaxMaterialListEntries));
-        for (auto& entry : table.Entries) clean(entry.MaterialType), clean(entry.ProcessName);
-        return MaterialListText(table, materiallist::kExistingDirectory);
-    });
+
+    process::ProcessTable table, read;
+    table.ProcessCount = pick(0, process::MaxProcesses);
+    for (int n = 1; n <= table.ProcessCount; ++n) {
+        auto& record = table.Process(n);
+        record.Name = "P" + std::to_string(n) + "." + Word(input);
+        record.Rapid = number(), record.LineMarkRate = number();
+        record.Leadin = lead(), record.Leadout = lead();
+        if (record.Leadin.View() == process::kLeadLine) record.Angle = pick(-32768, 32767);
+        if (record.Leadout.View() == process::kLeadLine) record.Leadoutangle = pick(-32768, 32767);
+        record.LeadoutPercent = pick(-32768, 32767), record.LeadoutOverrun = pick(-32768, 32767);
+        record.MajorDir = pick(-1, 1), record.MinorDir = pick(-1, 1);
+        record.MinorOpenKerf = pick(-1, 1), record.AddKerf = pick(0, 1);
+        record.Extension = pick(0, 1), record.Leadoutextension = pick(0, 32767);
+        record.ThicknessCount = pick(0, 3);
+        for (int k = 1; k <= record.ThicknessCount; ++k) {
+            record.Row(k) = {-number(), number(), number(), number(), number()};
+        }
+    }
+    ReadProcesses(Profile(ProcessFileText(table)), read);
+    for (auto& record : read.Processes) {
+        clean(record.Name), clean(record.Leadin), clean(record.Leadout);
+    }
+    REQUIRE(table.Processes == read.Processes);
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzedDataProvider input(data, size);
-    const int kind = input.ConsumeIntegralInRange(0, 2);
-    if (kind == 0) CheckProfile(input);
-    if (kind == 1) CheckDataFiles(DataFile(input));
-    if (kind == 2) CheckDataFiles(input.ConsumeRemainingBytesAsString());
+    input.ConsumeBool() ? CheckProfile(input) : CheckTable(input);
     return 0;
 }

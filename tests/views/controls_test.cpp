@@ -4,200 +4,185 @@
 #include <stdexcept>
 
 #include "errors/errors.h"
-#include "tests/support/scripted_screen.h"
 #include "tests/support/temp_drives.h"
 #include "views/basic_controls.h"
+#include "views/form.h"
 #include "views/grid.h"
 #include "views/keys.h"
 #include "views/lists.h"
-#include "views/printer.h"
 
 namespace {
 
 using namespace views;
+using std::string;
 
-// A dialog that notes its events in order.
-struct Dialog : Form {
-    Dialog() : Form("frmDialog", "Dialog") {
-        closeButton = &cmdCancel;
-        SetLayout(Column({lblName, txtName, chkOn, optA, optB, optC, lstItems, cmdOk, cmdCancel}));
-        for (Control* control : Controls()) {
-            control->onGotFocus = [this, control] { log += " got " + control->Name(); };
-            control->onLostFocus = [this, control] { log += " lost " + control->Name(); };
-        }
-        txtName.onKeyDown = [this](KeyEvent& event) {
-            log += " down " + std::to_string(event.key);
-            event.handled = event.key == kKeyDown;
-        };
-        txtName.onKeyPress = [this](CharEvent& event) {
-            log += " press " + std::to_string(event.character);
-            event.handled = event.character == 'x';
-        };
-        txtName.onChange = [this] { log += " change " + txtName.Text(); };
-        chkOn.onClick = [this] { log += " click chkOn"; };
-        optA.onClick = [this] { log += " click optA"; };
-        optB.onClick = [this] { log += " click optB"; };
-        optC.onClick = [this] { log += " click optC"; };
-        lstItems.onClick = [this] { log += " click lstItems"; };
-        cmdOk.onClick = [this] { log += " click cmdOk"; };
-        cmdCancel.onClick = [this] { log += " click cmdCancel", Close(); };
+// What the real window and its controls are told.
+struct Shown : Peer, FormPeer {
+    void ShowCaption() override { log += " caption"; }
+    void Close() override { log += " close"; }
+    void Show(Aspect changed) override {
+        constexpr const char* kAspects[] = {"enabled", "visible", "focus", "text",  "selection",
+                                            "value",   "items",   "index", "cells", "shape",
+                                            "cell",    "mark",    "top"};
+        log.append(" ").append(kAspects[static_cast<int>(changed)]);
     }
-    void Unload() override { log += " unload"; }
-    using Form::defaultButton;
-
-    Label lblName{*this, "lblName", "&Name:"};
-    TextBox txtName{*this, "txtName"};
-    CheckBox chkOn{*this, "chkOn", "&On"};
-    OptionGroup group;
-    OptionButton optA{*this, "optA", "&Arc", group};
-    OptionButton optB{*this, "optB", "B && &C", group};
-    OptionButton optC{*this, "optC", "C", group};
-    ListBox lstItems{*this, "lstItems"};
-    CommandButton cmdOk{*this, "cmdOk", "O&k"};
-    CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
-    std::string log;
+    string log;
 };
 
-TEST(Controls, RunTheirHandlersInOrder) {
-    test::ScriptedScreen screen;
-    Dialog d;
-    const auto key = [&](int code, int shift = 0) {
-        if (!d.KeyDown(code, shift) && shift == 0) d.KeyPress(static_cast<char>(code));
-    };
-    const std::pair<std::function<void()>, std::string> cases[] = {
-        {[&] { key('A'); }, " down 65 press 65 change A"},
-        {[&] { d.KeyPress('x'); }, " press 120"},
-        {[&] { key(kKeyDown); }, " down 40"},
-        {[&] { key(kKeyBackspace); }, " down 8 press 8 change "},
-        {[&] { key(kKeyEnter); }, " down 13 press 13"},  // no default button: a handler may want it
-        {[&] { d.defaultButton = &d.cmdOk, key(kKeyEnter); },
-         " down 13 lost txtName got cmdOk click cmdOk"},
-        {[&] { key(kKeyEnter); }, " click cmdOk"},
-        {[&] { key('N', kAlt); }, " lost cmdOk got txtName"},  // of the label before it
-        {[&] { key('K', kAlt); }, " down 75 lost txtName got cmdOk click cmdOk"},
-        {[&] { key('&', kAlt), key('B', kAlt); }, ""},
-        {[&] { d.cmdOk.SetEnabled(false); }, " lost cmdOk got cmdCancel"},
-        {[&] { d.cmdOk.Press(), key('K', kAlt); }, ""},
-        {[&] { d.optB.SetValue(true), d.optB.SetValue(true); }, " click optB click optB"},
-        {[&] { d.optB.SetValue(false), d.chkOn.SetValue(true); }, ""},
-        {[&] { key('A', kAlt); }, " lost cmdCancel got optA click optA"},
-        {[&] { d.optA.Pick(); }, ""},
-        {[&] { d.optB.SetEnabled(false), key(kKeyRight); }, " lost optA got optC click optC"},
-        {[&] { key(kKeyDown); }, " lost optC got optA click optA"},
-        {[&] { key(kKeyTab), key(kKeyTab); },
-         " lost optA got lstItems lost lstItems got cmdCancel"},
-        {[&] { key(kKeyTab); }, " lost cmdCancel got txtName"},
-        {[&] { key(kKeyTab, kShift), key(kKeyTab, kCtrl); }, " down 9 lost txtName got cmdCancel"},
-        {[&] { d.optA.SetValue(false), d.chkOn.SetFocus(); }, " lost cmdCancel got chkOn"},
-        {[&] { key(kKeyTab); }, " lost chkOn got optA"},  // the first of a group without a choice
-        {[&] { key(kKeyTab, kShift); }, " lost optA got chkOn"},
-        {[&] { key(kKeyLeft), d.chkOn.Toggle(); },
-         " lost chkOn got txtName lost txtName got chkOn "
-         "click chkOn"},
-        {[&] { d.txtName.SetText("abc"), d.txtName.SetText("abc"); }, " change abc"},
-        {[&] { d.txtName.Edited("pasted\r\n[Section]", 17); }, " change pasted"},
-        {[&] { d.lstItems.AddItem("one"), d.lstItems.AddItem("Two"); }, ""},
-        {[&] { d.lstItems.SetListIndex(1), d.lstItems.SetListIndex(-1); }, " click lstItems"},
-        {[&] { d.lstItems.Choose(0), d.KeyPress('t'), d.KeyPress('t'), key(kKeyHome); },
-         " lost chkOn got lstItems click lstItems click lstItems click lstItems"},
-        {[&] { key(kKeyEscape); }, " lost lstItems got cmdCancel click cmdCancel unload"},
-        {[&] { key('A'), d.RequestClose(); }, ""},
-    };
-    screen.windows.push_back([&](Form&) {
-        d.log.clear();
-        int n = 0;
-        for (const auto& [deed, log] : cases) {
-            deed();
-            EXPECT_EQ(std::exchange(d.log, {}), log) << "deed " << n++;
+// A dialog that notes in order where the focus leaves (-txt) and comes (txt), what is clicked or
+// chosen (ok!) and what a text becomes (=a).
+class Controls : public ::testing::Test, public Form {
+  protected:
+    Controls() : Form("frmDialog", "Dialog") {
+        closeButton = &cancel;
+        SetLayout(Column({chk, Row({name, txt}), A, B, C, lst, list, edit, drv, grid, ok, cancel}));
+        for (Control* control : Form::Controls()) {
+            control->onGotFocus = [this, control] { log += " " + control->Name(); };
+            control->onLostFocus = [this, control] { log += " -" + control->Name(); };
         }
-    });
-    ShowModal(d);
-    EXPECT_EQ(d.left, 300);
-    EXPECT_EQ(d.top, 250);
-}
-
-TEST(Controls, ComboBoxesTellPickingFromTyping) {
-    Dialog d;
-    ComboBox list(d, "cboList", ComboBox::Style::kListOnly),
-        edit(d, "cboEdit", ComboBox::Style::kEditField);
-    std::string log;
-    for (ComboBox* combo : {&list, &edit}) {
-        combo->onClick = [&log, combo] { log += " click " + combo->Text(); };
-        combo->onChange = [&log, combo] { log += " change " + combo->Text(); };
-        for (const char* item : {"A", "B", "C"}) combo->AddItem(item);
+        for (OptionButton* option : {&A, &B, &C}) {
+            option->onClick = [this, option] { log += " " + option->Name() + "!"; };
+        }
+        for (ListBox* box : std::initializer_list<ListBox*>{&lst, &list, &edit}) {
+            box->onClick = [this, box] { log += " " + box->SelectedText() + "!"; };
+        }
+        for (TextPart* part : std::initializer_list<TextPart*>{&txt, &list, &edit}) {
+            part->onChange = [this, part] { log += " =" + part->Text(); };
+        }
+        txt.onKeyPress = [](CharEvent& event) { event.handled = event.character == 'x'; };
+        chk.onClick = [this] { log += " chk!"; };
+        ok.onClick = [this] { log += " ok!"; };
+        cancel.onClick = [this] { Close(); };
+        drv.onChange = [this] { log += " " + drv.Drive(); };
+        grid.onCurrentCellChange = [this] {
+            log += " " + std::to_string(grid.Row()) + std::to_string(grid.Column());
+        };
+        Open();
     }
-    list.SetListIndex(0), edit.SetListIndex(2), edit.SetText("typed");
-    list.RemoveItem(0), edit.RemoveItem(2), edit.Clear();
-    EXPECT_EQ(log, " click A click C change typed");
-    EXPECT_EQ(list.Text() + edit.Text() + std::to_string(list.ListIndex()), "typed-1");
-    ListBox sorted(d, "lstSorted", ListBox::Order::kSorted);
-    for (const char* item : {"b", "C", "a"}) sorted.AddItem(item);
-    EXPECT_EQ(sorted.Items(), (std::vector<std::string>{"a", "b", "C"}));
-    EXPECT_THROW(d.Open(), std::logic_error) << "no layout places the combos";
-}
+    void Unload() override { log += " unload"; }
+    void Keys(const std::vector<int>& keys, int shift = 0) {
+        for (int key : keys) {
+            if (!KeyDown(key, shift) && shift == 0) KeyPress(static_cast<char>(key));
+        }
+    }
+    static void Fill(ListBox& box, std::string_view items) {
+        for (char item : items) box.AddItem({&item, 1});
+    }
+    using Cases = std::vector<std::pair<std::function<void()>, string>>;
+    static void Expect(string& log, const Cases& cases) {
+        for (const auto& [deeds, expected] : cases) {
+            deeds();
+            EXPECT_EQ(std::exchange(log, {}), expected);
+        }
+    }
 
-TEST(Controls, DriveListsRefuseWhatIsNotThere) {
     const test::TempDrives drives;
-    Dialog d;
-    DriveList list(d, "drvList");
-    int changes = 0;
-    list.onChange = [&] { ++changes; };
-    for (const char* drive : {"x:", "", "1:"})
-        EXPECT_THROW(list.SetDrive(drive), errors::FileError);
-    list.SetDrive("C:\\anything"), list.SetDrive("D:");
-    std::filesystem::remove(drives.Folder() / "d");
-    list.Refresh();
-    EXPECT_EQ(list.Items(), (std::vector<std::string>{"c:", "d:"})) << "what is chosen stays";
-    EXPECT_THROW(list.SetDrive("d:"), errors::FileError);
-    EXPECT_EQ(changes, 1);
+    CheckBox chk{*this, "chk", "&On"};
+    Label name{*this, "name", "&Name:"};
+    TextBox txt{*this, "txt"};
+    OptionGroup group;
+    OptionButton A{*this, "A", "&Arc", group}, B{*this, "B", "B && &C", group};
+    OptionButton C{*this, "C", "C", group};
+    ListBox lst{*this, "lst", ListBox::Order::kSorted};
+    ComboBox list{*this, "list", ComboBox::Style::kListOnly};
+    ComboBox edit{*this, "edit", ComboBox::Style::kEditField};
+    DriveList drv{*this, "drv"};
+    Grid grid{*this, "grid", 6000, 3000};
+    CommandButton ok{*this, "ok", "O&k"}, cancel{*this, "cancel", "&Cancel"};
+    string log;
+};
+
+TEST_F(Controls, RunTheirHandlersInOrder) {
+    const Cases cases = {
+        {[&] { Activate(), Activate(); }, " chk"},
+        {[&] { Keys({kKeyF6, kKeyF6, kKeyF6}); }, " -chk txt -txt A -A chk"},
+        {[&] { Keys({kKeyF6, kKeyF6}, kShift); }, " -chk A -A txt"},
+        {[&] { Keys({'a', 'x', 'b', kKeyBackspace, kKeyEnter}); }, " =a =ab =a"},
+        {[&] { Keys({'A'}, kCtrl), Keys({'q', kKeyBackspace, kKeyBackspace}); }, " =q ="},
+        {[&] { txt.Edited("past\r\n[Section]", 15), Keys({'e'}); }, " =past =paste"},
+        {[&] { txt.Select(1, 3), Keys({'z'}), txt.CutTo(3), txt.CutTo(2); }, " =pze =pz"},
+        {[&] { Keys({'s'}), txt.Select(1, 9), Keys({'r'}); }, " =pzs =pr"},
+        {[&] { txt.SetText("abc"), txt.SetText("abc"); }, " =abc"},
+        {[&] { Keys({'&', 'B', 'N'}, kAlt), ok.SetFocus(); }, " -txt ok"},
+        {[&] { Keys({kKeyRight, kKeyLeft, kKeyEnter}); }, " -ok cancel -cancel ok ok!"},
+        {[&] { defaultButton = &ok, txt.SetFocus(), Keys({13}); }, " -ok txt -txt ok ok!"},
+        {[&] { ok.SetEnabled(false), ok.Press(), Keys({'K'}, kAlt); }, " -ok cancel"},
+        {[&] { cancel.SetVisible(false), ok.SetEnabled(true); }, " -cancel chk"},
+        // Setting it from code runs the handler of an option, picking only if it was not set.
+        {[&] { B.SetValue(true), B.SetValue(true), B.SetValue(false); }, " B! B!"},
+        {[&] { txt.SetFocus(), Keys({kKeyTab}); }, " -chk txt -txt A"},  // the first of none set
+        {[&] { Keys({kKeyRight, kKeyDown, kKeyDown}); }, " -A B B! -B C C! -C A A!"},
+        {[&] { B.SetEnabled(false), Keys({kKeyLeft}), Keys({kKeyUp}, kAlt); }, " -A C C!"},
+        {[&] { Keys({kKeyUp}), A.Pick(), Keys({kKeyTab}); }, " -C A A! -A lst"},
+        {[&] { Keys({kKeyTab}, kShift), Keys({kKeyTab}, kCtrl); }, " -lst A"},
+        {[&] { chk.SetValue(true), chk.Toggle(), Keys({kKeyDown}); }, " -A chk chk! -chk txt"},
+        // A letter used twice goes round.
+        {[&] { B.SetEnabled(true), cancel.SetVisible(true), Keys({'C'}, kAlt); }, " -txt B B!"},
+        {[&] { Keys({'C'}, kAlt), Keys({'a'}); }, " -B cancel unload"}};
+    Expect(log, cases);
 }
 
-TEST(Controls, GridsKeepTheirCellInside) {
-    Dialog d;
-    Grid grid(d, "grdData", 6000, 3000);
-    grid.SetShape(4, 3, 1, 1);
-    grid.SetText(3, 2, "x");
-    grid.AddRow({"", "new"}, 1);
-    EXPECT_EQ(grid.Text(4, 2) + grid.Text(1, 1), "xnew");
-    grid.SetCell(99, -5);
-    grid.RemoveRow(4);
-    EXPECT_EQ(grid.Row() * 10 + grid.Column(), 30);
-    EXPECT_THROW(grid.Text(4, 0), std::out_of_range);
+TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
+    EXPECT_EQ(grid.Rows() * 100 + grid.Columns() * 10 + grid.FixedColumns(), 221);
+    lst.AddItem("G"), lst.SetListIndex(0), Fill(lst, "mbdCaefhijkl"), lst.SetFocus();
+    Fill(list, "ABC"), list.SetListIndex(0), Fill(edit, "ABC"), edit.SetListIndex(2);
+    grid.SetShape(9, 3, 1, 1), grid.Scrolled(1, 4), grid.SetText(8, 2, "x");
+    const Cases cases = {
+        {[&] {}, " G! lst A! C!"},
+        {[&] { Keys({kKeyUp, kKeyDown, kKeyPageUp, kKeyPageDown}); }, " f! G! a! k!"},
+        {[&] { Keys({kKeyEnd, kKeyPageDown, kKeyHome, kKeyLeft, kKeyRight}); }, " m! a! b!"},
+        {[&] { Keys({'c', 'c', 'z'}), Keys({kKeyUp}, kAlt); }, " C!"},
+        {[&] { lst.RemoveItem(0), lst.RemoveItem(9), Keys({kKeyDown}); }, " d!"},
+        {[&] { lst.RemoveItem(2), lst.SetListIndex(99), Keys({kKeyDown}); }, " b!"},
+        // A text of its own stays when its entry goes; one of the list goes with it.
+        {[&] { edit.SetText("own"), edit.RemoveItem(2), edit.SetListIndex(-1); }, " =own"},
+        {[&] { edit.SetFocus(), edit.Select(1, 1), Keys({'b'}); }, " -lst edit =obn"},
+        {[&] { list.RemoveItem(0), log = list.Text(), list.SetListIndex(1); }, " C!"},
+        {[&] { list.RemoveItem(0), log = list.Text(), list.SetListIndex(-1); }, "C"},
+        {[&] { log = list.Text(), list.SetFocus(), Keys({'b'}); }, " -edit list"},
+        {[&] { drv.Choose(1), drv.SetDrive("C:\\any"), drv.SetDrive("c:"); }, " -list drv d: c:"},
+        {[&] { drv.SetDrive("d"), drv.Choose(9), log += drv.Index() == 1 ? "!" : "?"; }, " d:!"},
+        {[&] { grid.SetFocus(), Keys({kKeyDown, kKeyRight, kKeyRight}); }, " -drv grid 21 22"},
+        {[&] { Keys({kKeyPageDown, kKeyPageDown, kKeyHome, kKeyLeft}); }, " 62 82 81"},
+        {[&] { Keys({kKeyEnd, kKeyPageUp, kKeyUp}), Keys({kKeyUp}, kShift); }, " 82 42 32"},
+        {[&] { grid.SetCell(99, -5), grid.AddRow({"", "new"}, 1); }, " 80"},
+        {[&] { log = grid.Text(1, 1) + grid.Text(9, 2), grid.RemoveRow(9); }, "newx"},
+        {[&] { Keys({kKeyRight}), grid.RemoveRow(1), grid.Scrolled(1, 0); }, " 81"},
+        {[&] { Keys({kKeyPageUp}); }, " 61"}};
+    Expect(log, cases);
+    EXPECT_THROW(grid.Text(8, 0), std::out_of_range);
     EXPECT_THROW(grid.SetText(0, 3, ""), std::out_of_range);
+    std::filesystem::remove(drives.Folder() / "d");
+    drv.Refresh();
+    EXPECT_EQ(drv.Items(), (std::vector<string>{"c:", "d:"})) << "what is chosen stays";
+    for (const char* none : {"d:", "x:", ""}) EXPECT_THROW(drv.SetDrive(none), errors::FileError);
+    const Label unplaced(*this, "lblUnplaced", "");
+    EXPECT_THROW(Open(), std::logic_error);
 }
 
-// A failure in a window on top of another ends both, and what stands behind the call that showed
-// it is left.
-TEST(Controls, AnUnexpectedFailureEndsTheRunInOrder) {
-    test::ScriptedScreen screen;
-    Dialog below, above;
-    std::string done;
-    OnFailure([&] { done += "saved"; });
-    above.cmdOk.onClick = [] { throw errors::FatalError("c:\\x: the disk is gone"); };
-    below.cmdOk.onClick = [&] { ShowModal(above), done += "went on"; };
-    screen.windows.push_back([&](Form&) { Guard([&] { below.cmdOk.Press(); }); });
-    screen.windows.push_back([&](Form&) { Guard([&] { above.cmdOk.Press(); }); });
-    Guard([&] { ShowModal(below); });
-    EXPECT_EQ(screen.log,
-              std::vector<std::string>{"Quarvel System Manager|c:\\x: the disk is gone"});
-    EXPECT_EQ(done, "saved");
-    EXPECT_FALSE(below.IsOpen() || above.IsOpen());
-    EXPECT_EQ(ExitStatus(), 1);
-}
-
-TEST(Printers, MoveToColumnsAndPages) {
-    struct Kept : Printer {
-        void ShowSetup() override {}
-        void Send(const std::vector<Page>& sent) override { pages = sent; }
-        std::vector<Page> pages;
-    } printer;
-    printer.Print("name"), printer.MoveTo(8), printer.PrintLine("size");
-    printer.Print("a longer name"), printer.MoveTo(5);  // passed already
-    printer.PrintLine("x"), printer.NewPage(), printer.Print("end"), printer.EndDocument();
-    EXPECT_EQ(printer.pages,
-              (std::vector<Printer::Page>{{"name   size", "a longer name", "    x"}, {"end"}}));
-    printer.EndDocument();
-    EXPECT_EQ(printer.pages, std::vector<Printer::Page>{{}});
+TEST_F(Controls, ShowEveryChange) {
+    Shown shown;
+    for (Control* control : Form::Controls()) control->SetPeer(&shown);
+    SetPeer(&shown);
+    const Cases cases = {
+        {[&] { Activate(), Activate(), SetCaption("x"); }, " focus focus caption"},
+        {[&] { ok.SetEnabled(false), ok.SetEnabled(false), ok.SetCaption("x"); }, " enabled text"},
+        {[&] { ok.SetVisible(false), ok.SetVisible(false), txt.CutTo(9); }, " visible"},
+        {[&] { txt.SetText("ab"), txt.Insert('x'), txt.CutTo(2); }, " text text text selection"},
+        {[&] { chk.SetValue(true), chk.SetValue(true), chk.Toggle(); }, " value value"},
+        {[&] { A.SetValue(true), B.SetValue(true), B.SetValue(true); }, " value value value"},
+        {[&] { list.AddItem("a"), list.SetListIndex(0), list.Clear(); }, " items index items"},
+        {[&] { Fill(list, "ab"), list.SetListIndex(0); }, " items items index"},
+        {[&] { list.RemoveItem(1), list.RemoveItem(0), lst.RemoveItem(-1); }, " items items text"},
+        {[&] { drv.SetDrive("d:"), drives.MakeDir("e:\\"), drv.Refresh(); }, " index items"},
+        {[&] { drv.SetFocus(), drv.Choose(0); }, " focus index"},
+        {[&] { grid.SetShape(3, 3, 1, 1), grid.SetCell(2, 2); }, " shape mark cell mark cell"},
+        {[&] { grid.SetRowHeight(1, 9), grid.SetColumnWidth(1, 9); }, " shape shape"},
+        {[&] { grid.SetNumberColumn(1), grid.AddRow({}); }, " shape shape"},
+        {[&] { grid.RemoveRow(3), grid.SetText(1, 1, ""); }, " shape cells"},
+        {[&] { grid.SetTopRow(1), grid.SetHighlight(true); }, " top mark"},
+        {[&] { Dismiss(), Open(), Close(), Close(); }, " close close"}};
+    Expect(shown.log, cases);
 }
 
 }  // namespace
