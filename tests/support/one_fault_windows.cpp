@@ -54,11 +54,12 @@ BOOL Try(BOOL (*real)(HANDLE, Buffer, DWORD, DWORD*, OVERLAPPED*), const std::st
 extern "C" {
 IMPORT(CreateFileW)
 IMPORT(ReadFile)
-IMPORT(WriteFile) IMPORT(FlushFileBuffers) IMPORT(CloseHandle) IMPORT(GetFileAttributesW)
-    IMPORT(GetFileAttributesExW) IMPORT(GetFileInformationByHandle) IMPORT(GetFileSizeEx)
-        IMPORT(GetVolumeInformationByHandleW) IMPORT(GetFileSecurityW) IMPORT(SetFileSecurityW)
-            IMPORT(FindFirstFileW) IMPORT(FindNextFileW) IMPORT(MoveFileExW) IMPORT(DeleteFileW)
-                IMPORT(CreateDirectoryW) IMPORT(RemoveDirectoryW) IMPORT(OpenProcessToken)
+IMPORT(WriteFile)
+IMPORT(FlushFileBuffers) IMPORT(CloseHandle) IMPORT(GetFileAttributesW) IMPORT(GetFileAttributesExW)
+    IMPORT(GetFileInformationByHandle) IMPORT(GetFileSizeEx) IMPORT(GetVolumeInformationByHandleW)
+        IMPORT(GetFileSecurityW) IMPORT(SetFileSecurityW) IMPORT(FindFirstFileW)
+            IMPORT(FindNextFileW) IMPORT(MoveFileExW) IMPORT(DeleteFileW) IMPORT(CreateDirectoryW)
+                IMPORT(RemoveDirectoryW) IMPORT(OpenProcessToken)
 }
 
 const std::vector<std::string_view> kWays = {"refused", "done", "half", "none", "lied"};
