@@ -150,7 +150,7 @@ TEST(Faults, LeaveTheOldOrTheNewAndTellTheTruth) {
         std::vector<std::string> calls;
         const auto runWith = [&](const Fault& fault, std::size_t n) {
             Place place;
-            before = place.Look();
+            if (n == 0) before = place.Look();
             const auto run = [&] { return views::Guard(work.run), place.said; };
             // A folder that may be being deleted is swapped for a link to somebody's data.
             const auto other = [&] {
@@ -173,9 +173,11 @@ TEST(Faults, LeaveTheOldOrTheNewAndTellTheTruth) {
         ASSERT_NE(before, done) << work.name;
         std::vector<std::pair<std::size_t, Fault>> cases;
         for (std::size_t n = 1; n <= calls.size(); ++n) {
-            for (const auto how : test::kWays)
+            for (const auto how : test::kWays) {
+                if (how.starts_with("overtaken") && work.told != kFailure) continue;
                 for (const int error : test::kErrors)
                     if (Fault{how, error}.Fits(calls[n - 1])) cases.push_back({n, {how, error}});
+            }
         }
         std::shuffle(cases.begin(), cases.end(), random);
         if (seed != "all") cases.resize(std::min(cases.size(), test::kSample));

@@ -18,15 +18,11 @@
 namespace test {
 namespace {
 
-// Memory, clocks and signals are no business of the disk.
-bool IsAny(long call, auto... calls) {
-    return ((call == calls) || ...);
-}
+// Memory and signals, the first of which have numbers in a row, are no business of the disk.
 bool CanFail(long call) {
-    return !IsAny(call, SYS_brk, SYS_mmap, SYS_munmap, SYS_mprotect, SYS_mremap, SYS_madvise,
-                  SYS_futex, SYS_rt_sigaction, SYS_rt_sigreturn, SYS_rt_sigprocmask, SYS_getpid,
-                  SYS_gettid, SYS_getuid, SYS_geteuid, SYS_umask, SYS_exit_group, SYS_tgkill,
-                  SYS_clock_gettime, SYS_sysinfo, SYS_prlimit64, SYS_sched_getaffinity);
+    const bool inRow = call >= SYS_mmap && call <= SYS_rt_sigreturn;
+    return !inRow && call != SYS_mremap && call != SYS_madvise && call != SYS_futex &&
+           call != SYS_getpid && call != SYS_dup && call != SYS_exit_group;
 }
 
 // That which has one on Windows, too, has that name.
@@ -42,8 +38,8 @@ std::string NameOf(long call) {
 
 const std::vector<std::string_view> kWays = {"refused", "done",   "half",      "none",
                                              "lied",    "killed", "overtaken", "overtaken inside"};
-const std::vector<int> kErrors = {0, EIO, ENOSPC, EACCES, EINTR};
-const std::size_t kSample = 300;
+const std::vector<int> kErrors = {0, EIO, EACCES, EINTR};
+const std::size_t kSample = 400;
 
 std::string RunWith(const Fault& fault, std::size_t n, const std::function<std::string()>& work,
                     const std::function<void()>& other, std::vector<std::string>& calls) {
@@ -56,13 +52,16 @@ std::string RunWith(const Fault& fault, std::size_t n, const std::function<std::
     static char* const said = static_cast<char*>(
         mmap(nullptr, kSize, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
     std::fill_n(said, kSize, '\0');
+    const int unused = dup(0);
+    close(unused);
     const pid_t child = fork();
     if (child == 0) {
         if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) _exit(9);
         raise(SIGSTOP);
         errno = 0;  // so that no earlier failure can pass for the reason of this one
         work().copy(said, kSize - 1);
-        _exit(0);
+        // Nothing stays open, unless that is the fault.
+        _exit(n == 0 && dup(0) != unused ? 1 : 0);
     }
     int status = 0;
     waitpid(child, &status, 0);
@@ -92,9 +91,8 @@ std::string RunWith(const Fault& fault, std::size_t n, const std::function<std::
         if (here && fault.how == "killed") kill(child, SIGKILL);
     }
     if (WIFSTOPPED(status)) {
-        // What comes after the fault runs on its own; a signal of its own comes through.
-        const int signal = WSTOPSIG(status);
-        ptrace(PTRACE_DETACH, child, nullptr, signal == (SIGTRAP | 0x80) ? 0 : signal);
+        // What comes after the fault runs on its own; a crash in front of it is one.
+        ptrace(PTRACE_DETACH, child, nullptr, WSTOPSIG(status) == (SIGTRAP | 0x80) ? 0 : SIGKILL);
         waitpid(child, &status, 0);
     }
     return status == 0 || fault.how == "killed" ? said : "CRASHED";
