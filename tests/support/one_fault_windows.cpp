@@ -51,17 +51,13 @@ BOOL Try(BOOL (*real)(HANDLE, Buffer, DWORD, DWORD*, OVERLAPPED*), const std::st
             (void*)GetProcAddress(GetModuleHandleW(L"kernelbase"), #function)); \
         return Try(real, #function, arguments...);                              \
     };
+#define IMPORTS(a, b, c, d) IMPORT(a) IMPORT(b) IMPORT(c) IMPORT(d)
 extern "C" {
-IMPORT(CreateFileW)
-IMPORT(ReadFile)
-IMPORT(WriteFile)
-IMPORT(FlushFileBuffers)
-IMPORT(CloseHandle)
-IMPORT(GetFileAttributesW) IMPORT(GetFileAttributesExW) IMPORT(GetFileInformationByHandle)
-    IMPORT(GetFileSizeEx) IMPORT(GetVolumeInformationByHandleW) IMPORT(GetFileSecurityW)
-        IMPORT(SetFileSecurityW) IMPORT(FindFirstFileW) IMPORT(FindNextFileW) IMPORT(MoveFileExW)
-            IMPORT(DeleteFileW) IMPORT(CreateDirectoryW) IMPORT(RemoveDirectoryW)
-                IMPORT(OpenProcessToken)
+IMPORTS(CreateFileW, CloseHandle, ReadFile, WriteFile)
+IMPORTS(FlushFileBuffers, GetFileSizeEx, GetFileInformationByHandle, GetVolumeInformationByHandleW)
+IMPORTS(GetFileAttributesW, GetFileAttributesExW, GetFileSecurityW, SetFileSecurityW)
+IMPORTS(FindFirstFileW, FindNextFileW, MoveFileExW, DeleteFileW)
+IMPORTS(CreateDirectoryW, RemoveDirectoryW, OpenProcessToken, GetTokenInformation)
 }
 
 const std::vector<std::string_view> kWays = {"refused", "done", "half", "none", "lied"};
