@@ -45,6 +45,7 @@ BOOL Try(BOOL (*real)(HANDLE, Buffer, DWORD, DWORD*, OVERLAPPED*), const std::st
 
 }  // namespace
 
+// The linker takes these before those of the platform's libraries.
 #define IMPORT(function)                                                        \
     decltype(&function) __imp_##function = [](auto... arguments) {              \
         static const auto real = reinterpret_cast<decltype(&function)>(         \
