@@ -1,10 +1,15 @@
 // Any bytes as a profile: every key that is written is found with its value, also after the next.
-// Any processes as their data file: what is written is read back as it was.
+// Any processes as their data file: what is written is read back as it was, and a look over it
+// finds no error. Any lines as a data file: what such a look calls an error is what cannot be
+// opened.
 #include <fuzzer/FuzzedDataProvider.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
 
+#include "errors/errors.h"
+#include "inspect/check_files.h"
 #include "process/process_file.h"
 #include "process/process_table.h"
 #include "profile/profile.h"
@@ -47,6 +52,58 @@ void CheckProfile(FuzzedDataProvider& input) {
     }
 }
 
+bool FindsError(const auto& check, const string& bytes) {
+    inspect::Tables tables;
+    inspect::Findings findings;
+    check("c:\\x", bytes, tables, findings);
+    return std::any_of(findings.begin(), findings.end(), [](const inspect::Finding& finding) {
+        return finding.severity == inspect::Severity::kError;
+    });
+}
+
+bool Throws(const auto& read) {
+    try {
+        read();
+        return false;
+    } catch (const errors::FatalError&) {
+        return true;
+    }
+}
+
+void CheckLook(const string& bytes) {
+    const Profile file(bytes);
+    process::ProcessTable processes;
+    materialtypes::MaterialTypeTable types;
+    materiallist::MaterialListTable list;
+    REQUIRE(FindsError(inspect::CheckProcesses, bytes) ==
+            Throws([&] { ReadProcesses(file, processes); }));
+    REQUIRE(FindsError(inspect::CheckMaterialTypes, bytes) ==
+            Throws([&] { ReadMaterialTypes(file, types); }));
+    const auto checkList = [](const string& path, const string& text, const inspect::Tables& tables,
+                              inspect::Findings& findings) {
+        CheckMaterialList(path, text, materiallist::kExistingDirectory, tables, findings);
+    };
+    REQUIRE(FindsError(checkList, bytes) ==
+            (ReadMaterialList(file, list) == profile::ReadResult::kTooBig));
+}
+
+// Names of sections are found by hash, which no fuzzer guesses.
+string Lines(FuzzedDataProvider& input) {
+    static constexpr std::pair<const char*, const char*> kNumbered[] = {
+        {"Process", "=P\n"}, {"Mat", "=P\n"}, {"[Mat", "]\nType=P\n"}, {"Thickness", "=3\n"}};
+    string bytes;
+    for (int lines = input.ConsumeIntegralInRange(0, 12); lines > 0; --lines) {
+        bytes += input.PickValueInArray({"", "[Processes]\n", "[Materials]\n", "[P]\n",
+                                         "Angle=", "Leadin=Line\n",
+                                         "MajorDir=", "LeadoutPercent=", "Rapid="});
+        bytes += input.ConsumeRandomLengthString(10);
+        const auto& [begin, end] = input.PickValueInArray(kNumbered);
+        const int last = input.PickValueInArray({0, 1, 2, 21, 61, 101, 200});
+        for (int n = 1; n <= last; ++n) bytes += begin + std::to_string(n) + end;
+    }
+    return bytes;
+}
+
 void CheckTable(FuzzedDataProvider& input) {
     const auto pick = [&](std::int16_t from, std::int16_t to) {
         return input.ConsumeIntegralInRange(from, to);
@@ -73,7 +130,9 @@ void CheckTable(FuzzedDataProvider& input) {
             record.Row(k) = {-number(), number(), number(), number(), number()};
         }
     }
-    ReadProcesses(Profile(ProcessFileText(table)), read);
+    const string text = ProcessFileText(table);
+    CheckLook(text);
+    ReadProcesses(Profile(text), read);
     for (auto& record : read.Processes) {
         clean(record.Name), clean(record.Leadin), clean(record.Leadout);
     }
@@ -84,6 +143,9 @@ void CheckTable(FuzzedDataProvider& input) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzedDataProvider input(data, size);
-    input.ConsumeBool() ? CheckProfile(input) : CheckTable(input);
+    const int kind = input.ConsumeIntegralInRange(0, 2);
+    if (kind == 0) CheckProfile(input);
+    if (kind == 1) CheckTable(input);
+    if (kind == 2) CheckLook(Lines(input));
     return 0;
 }
