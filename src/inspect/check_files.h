@@ -1,22 +1,24 @@
 // What is wrong or doubtful in the data files of the system directory and in a material list.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "inspect/finding.h"
 #include "materiallist/material_list_table.h"
-#include "materialtypes/material_type_table.h"
 #include "process/process_table.h"
 
 namespace inspect {
 
-// The tables that material lists are tied to, as the loader fills them. What cannot be read is
-// empty and not there.
+// The tables that material lists are tied to, as the loader fills them; nothing where a file cannot
+// be read. Names are looked up in the form of Comparable.
 struct Tables {
     process::ProcessTable processes;
-    materialtypes::MaterialTypeTable types;
-    bool hasProcesses = false;
-    bool hasTypes = false;
+    std::optional<std::unordered_map<std::string, std::size_t>> processAt;
+    std::optional<std::unordered_set<std::string>> types;
 };
 
 // Each takes the path of the file on the system and its bytes, and never writes. The first two

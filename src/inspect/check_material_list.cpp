@@ -12,14 +12,6 @@ namespace {
 
 using std::string;
 
-template <typename Names>
-int PlaceOf(const Names& names, int count, const string& name) {
-    for (int i = 0; i < count; ++i) {
-        if (Comparable(names[static_cast<std::size_t>(i)]) == Comparable(name)) return i;
-    }
-    return -1;
-}
-
 // One entry, and what it is tied to.
 void CheckEntry(DataFile& file, const string& section, materiallist::ListSource source,
                 const Tables& tables) {
@@ -28,25 +20,28 @@ void CheckEntry(DataFile& file, const string& section, materiallist::ListSource 
                     decltype(materiallist::MaterialListEntry::MaterialType)::kWidth);
     file.CheckWidth(file.LineOf(section, "Process"), process,
                     decltype(materiallist::MaterialListEntry::ProcessName)::kWidth);
-    const auto& types = tables.types;
-    if (tables.hasTypes && PlaceOf(types.Codes, types.Count, type) < 0) {
+    if (tables.types && !tables.types->contains(Comparable(type))) {
         file.Report(Severity::kWarning, file.LineOf(section, "Type"),
                     "there is no material type " + type + ": nothing can be cut from this entry");
     }
-    const auto& processes = tables.processes;
-    const int number = PlaceOf(processes.ProcessNames, processes.ProcessCount, process);
-    if (tables.hasProcesses && number < 0) {
-        file.Report(Severity::kWarning, file.LineOf(section, "Process"),
-                    process.empty() ? "the entry names no process"
-                                    : "there is no process " + process +
-                                          ": nothing can be cut with this entry");
+    std::optional<std::size_t> number;
+    if (tables.processAt) {
+        const auto found = tables.processAt->find(Comparable(process));
+        if (found != tables.processAt->end()) {
+            number = found->second;
+        } else {
+            file.Report(Severity::kWarning, file.LineOf(section, "Process"),
+                        process.empty() ? "the entry names no process"
+                                        : "there is no process " + process +
+                                              ": nothing can be cut with this entry");
+        }
     }
     if (source == materiallist::kSystemDefaults) return;  // without thicknesses
     file.CheckNumber(section, "Thickness");
-    if (number < 0 || !tables.hasProcesses) return;
-    const auto at = static_cast<std::size_t>(number);
+    if (!number) return;
     const float thickness = text::ToSingle(file.Value(section, "Thickness"));
-    const float least = processes.ProcessThicknessMin[at], most = processes.ProcessThicknessMax[at];
+    const float least = tables.processes.ProcessThicknessMin[*number],
+                most = tables.processes.ProcessThicknessMax[*number];
     if (thickness < least || thickness > most) {
         file.Report(Severity::kWarning, file.LineOf(section, "Thickness"),
                     text::NumberText(thickness) + " mm is outside the " + text::NumberText(least) +

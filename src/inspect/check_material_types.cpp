@@ -5,6 +5,7 @@
 #include "inspect/believable.h"
 #include "inspect/check_files.h"
 #include "inspect/data_file.h"
+#include "materialtypes/material_type_table.h"
 #include "profile/data_file.h"
 #include "text/numbers.h"
 
@@ -45,10 +46,13 @@ void CheckMaterialTypes(const std::string& path, const std::string& bytes, Table
         }
     }
     file.CheckUnused({"Mat#", "Description", "Density"});
+    materialtypes::MaterialTypeTable table;
     try {
-        ReadMaterialTypes(file.Profile(), tables.types);
-        ReadMaterialTypeCodes(file.Profile(), tables.types);
-        tables.hasTypes = true;
+        ReadMaterialTypeCodes(file.Profile(), table);
+        auto& types = tables.types.emplace();
+        for (int n = 0; n < table.Count; ++n) {
+            types.insert(Comparable(table.Codes[static_cast<std::size_t>(n)]));
+        }
     } catch (const errors::FatalError&) {
         // Told above.
     }

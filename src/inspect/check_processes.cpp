@@ -145,7 +145,11 @@ void CheckProcesses(const string& path, const string& bytes, Tables& tables, Fin
     try {
         ReadProcesses(file.Profile(), tables.processes);
         ReadProcessRanges(file.Profile(), tables.processes);
-        tables.hasProcesses = true;
+        auto& at = tables.processAt.emplace();
+        for (int n = 0; n < tables.processes.ProcessCount; ++n) {
+            const auto index = static_cast<std::size_t>(n);
+            at.try_emplace(Comparable(tables.processes.ProcessNames[index]), index);
+        }
     } catch (const errors::FatalError&) {
         return;  // told above
     }

@@ -99,7 +99,8 @@ std::size_t DataFile::LineAt(std::size_t offset) const {
 }
 
 std::string DataFile::Value(std::string_view section, std::string_view key) const {
-    return profile_.Text(section, key, "");
+    const auto found = profile_.Find(section, key);
+    return found ? std::string(found->substr(0, profile::Profile::kBufferSize - 1)) : std::string();
 }
 
 std::size_t DataFile::LineOf(std::string_view section, std::string_view key) const {

@@ -6,6 +6,7 @@
 #include "app/system_config.h"
 #include "directories/data_area.h"
 #include "errors/errors.h"
+#include "materialtypes/material_type_table.h"
 #include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/folder.h"

@@ -45,6 +45,7 @@ void PlainPlayer::Forget(const views::Form& form) {
 }
 
 void PlainPlayer::Run(views::Form& form) {
+    EXPECT_EQ(form.left * 1000 + form.top, 300250) << "of 400 x 300 in 1000 x 800";
     views::Guard([&] { form.Activate(); });
     Work(form);
 }

@@ -90,12 +90,11 @@ TEST(MaterialTypesWindow, TypesAreAddedAndDeletedUpToSixty) {
     yes, click cmdClose -> box again "Material Types Save"; c:\tolvarin\system\mattypes.dat
         -> -[Materials]; -Mat1=MS<30>; -Mat2=\xDCA<31>; -\r; -[MS]; -Description=Mild steel<40>;
         -> -Density=0; -\r; -[\xDCA<31>]; -Description=<50>; -Density=0
-    write c:\tolvarin\system\mattypes.dat '[Materials]\r\n{1-59:Mat#=M#\r\n}[M1]\r\nDensity=-2',
-    click cmdSysMaterial, click cmdAdd, 'm60', Enter -> "Edit Material Types"; row 1: M1 | - | -2;
-        -> row 2: M2 | - | 0; row 3: M3 | - | 0; row 4: M4 | - | 0; .. row 60: M60 | - | 0;
-        -> at 60 1; marked; txtEditData; cmdDelete
-    click cmdAdd -> unmarked; (cmdAdd); beep; box "Error in adding" "No memory space to add"
-    Ctrl+Up, Down, Down, Down, Down, Down, Down -> at 7 1; marked
+    write c:\tolvarin\system\mattypes.dat '[Materials]\r\n{1-60:Mat#=M#\r\n}[M1]\r\nDensity=-2',
+    click cmdSysMaterial -> "Edit Material Types"; row 1: M1 | - | -2; row 2: M2 | - | 0;
+        -> row 3: M3 | - | 0; row 4: M4 | - | 0; .. row 60: M60 | - | 0; txtEditData
+    click cmdAdd -> (cmdAdd); beep; box "Error in adding" "No memory space to add"
+    Ctrl+Up, Down, Down, Down, Down, Down, Down -> at 7 1; marked; cmdDelete
     yes, Alt+D -> row 7: M8 | - | 0; row 8: M9 | - | 0; row 9: M10 | - | 0; row 10: M11 | - | 0;
         -> .. row 59: M60 | - | 0; cmdAdd; (cmdDelete); gone row 60: M60 | - | 0;
         -> box again "Deleting Material Type" ..M7..
