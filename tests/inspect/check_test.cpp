@@ -70,11 +70,12 @@ TEST(Check, Processes) {
         -> 3 warning Process3 is not read: Process2 is missing or empty; 6 warning Thickness3 is
         -> not read: Thickness2 is missing or empty; 7 warning [Q] is not used: nothing lists it,
         -> and the next save leaves it out
-    [Processes]|Process1=P|process2=p|[p]|Rapid=1|Colour=red|RAPID=2|[P]|Rapid=3 -> 3 warning p is
-        -> listed twice: both share one section, and what is set for one of them is lost;
-        -> 6 note Colour is not read here, and the next save leaves it out; 7 warning RAPID stands
-        -> a second time: only the first one is read; 8 warning [P] stands a second time: only the
-        -> first one is read; 9 warning Rapid stands a second time: only the first one is read
+    a=1|A=2|[Processes]|Process1=P|process2=p|[p]|Rapid=1|Colour=red|RAPID=2|[P]|Rapid=3 ->
+        -> 2 warning A stands a second time: only the first one is read; 5 warning p is listed
+        -> twice: both share one section, and what is set for one of them is lost;
+        -> 8 note Colour is not read here, and the next save leaves it out; 9 warning RAPID stands
+        -> a second time: only the first one is read; 10 warning [P] stands a second time: only the
+        -> first one is read; 11 warning Rapid stands a second time: only the first one is read
     [Processes]|Process1=P|Process2=A\x01b|Process3={1-65:n} -> 2 warning there is no section [P]:
         -> P has the defaults and no thickness; 3 warning byte 1 is no character: names and texts
         -> end in front of it or show a gap; 3 warning the section of this name would be saved as
@@ -99,9 +100,10 @@ TEST(Check, Processes) {
     [Processes]|Process1=P|[P]|Leadin=Line|Angle=1e9|Leadout=A180|Extension=2 -> 5 error Angle=1e9
         -> is outside -32768 to 32767: the file cannot be opened; 7 warning Extension=2 means
         -> nothing: the next save leaves it out
-    [Processes]|Process1=P|[P]|Thickness1=3mm,,9,1,1|Thickness2=4mm, -1, 8, 1, 1|Thickness3=5mm, 1 ->
+    [Processes]|Process1=P|[P]|Thickness1=3mm,,9,1,1|Thickness2=4mm, -1, 8, 1, -1|Thickness3=5mm, 1 ->
         -> 4 warning Thickness1=3mm,,9,1,1: the pierce time is empty, so all behind it shift;
-        -> 5 warning Thickness2=4mm, -1, 8, 1, 1: the sign of the pierce time is lost;
+        -> 5 warning Thickness2=4mm, -1, 8, 1, -1: the sign of the pierce time is lost;
+        -> 5 warning Thickness2=4mm, -1, 8, 1, -1: the sign of the nozzle size is lost;
         -> 5 note the feed rate rises to 8 mm/min with the thickness; 5 note the pierce time 1 is
         -> off the course of its neighbours, by which it would be about 2.6;
         -> 6 warning Thickness3=5mm, 1: there is no feed rate, which reads as 0;

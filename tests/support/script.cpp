@@ -100,12 +100,18 @@ string Quoted(const views::TextPart& part, bool focus) {
 std::vector<Fact> FactsOf(const views::Form& form, bool opening) {
     using namespace views;
     std::vector<Fact> facts{{"", "\"" + Visible(form.Caption()) + "\""}};
+    if (opening) facts.push_back({"name", form.Name() + (form.resizable ? " resizable" : "")});
     for (const Control* control : form.Controls()) {
         const string& name = control->Name();
         const auto add = [&](Aspect aspect, const string& what, const string& value) {
             facts.push_back({what, value, control, aspect});
         };
         const auto kind = control->GetKind();
+        if (opening && control->widthHint + control->heightHint > 0) {
+            const string size =
+                std::to_string(control->widthHint) + "x" + std::to_string(control->heightHint);
+            add(Aspect::kShape, name + " size", name + " " + size);
+        }
         if (kind == Control::Kind::kLabel || kind == Control::Kind::kFrame) continue;
         const string usual = opening ? "" : name;
         const string enabled = control->Enabled() ? usual : "(" + name + ")";
@@ -128,6 +134,12 @@ std::vector<Fact> FactsOf(const views::Form& form, bool opening) {
                 const string title = "row " + std::to_string(row);
                 add(Aspect::kCells, title, title + ": " + Join(texts, " | "));
             }
+            string sizes = std::to_string(grid->RowHeight(0)) + " twips high, wide";
+            for (int column = 0; column < grid->Columns(); ++column) {
+                sizes += " " + std::to_string(grid->ColumnWidth(column)) +
+                         (grid->IsNumberColumn(column) ? "n" : "");
+            }
+            if (opening) add(Aspect::kShape, "sizes", sizes);
             const string cell = std::to_string(grid->Row()) + " " + std::to_string(grid->Column());
             add(Aspect::kCurrentCell, "cell", "at " + cell);
             const auto& block = grid->Selection();

@@ -22,7 +22,8 @@
 //
 // The line behind one that has ended the program starts it again.
 //
-// What has changed, since the window was last shown: "caption"; focus NAME; cmdAdd or (cmdAdd) for
+// What has changed, since the window was last shown: "caption" with name and sizes (in characters,
+// of a grid in twips, n for numbers); focus NAME; cmdAdd or (cmdAdd) for
 // enabled or not; no NAME for what is hidden; [..] for a text that is selected; {a; b} for the
 // entries of a list; of a grid its rows, the current cell and which ones are marked; beep and box
 // for what was said; and of each file the lines that went (-) and came (+), an end of line shown

@@ -23,9 +23,10 @@ using test::Play;
 
 TEST(MainWindow, ListsTheDirectoriesOfTheDriveThatIsChosen) {
     Play(R"#(
-    write c:\tolvarin\USER\PROD\ Notes.TXT 'x' -> "Quarvel System Manager - 2.03"; drvList {c:;
-        -> d:}; drvList "c:"; optDesign on; lstDirectory {plates}; lstDirectory ""; (cmdMaterial);
-        -> (cmdDelete); (cmdPrint); focus lstDirectory
+    write c:\tolvarin\USER\PROD\ Notes.TXT 'x' -> "Quarvel System Manager - 2.03"; SysMan
+        -> resizable; drvList {c:; d:}; drvList "c:"; optDesign on; lstDirectory 32x14;
+        -> lstDirectory {plates}; lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint);
+        -> focus lstDirectory
     choose lstDirectory plates -> lstDirectory "plates"; cmdDelete; cmdPrint
     click optProduction -> optProduction on; lstDirectory {notes.txt; p10}; lstDirectory "";
         -> (cmdDelete); (cmdPrint); focus optProduction
@@ -46,7 +47,8 @@ TEST(MainWindow, ListsTheDirectoriesOfTheDriveThatIsChosen) {
     yes, write d:\tolvarin\x '', choose drvList d: -> box again; box critical "d:\tolvarin: exists
         -> already"; c:\tolvarin\network\user1\nestuser.ini +[SystemManager];
         -> +CurrentSysManDrive=d:; ended 1
-    no -> "Quarvel System Manager - 2.03"; focus lstDirectory; box again
+    no, remove c:\tolvarin\USER -> "Quarvel System Manager - 2.03"; lstDirectory {};
+        -> focus lstDirectory; box again
     Esc -> c:\tolvarin\network\user1\nestuser.ini -CurrentSysManDrive=d:; +CurrentSysManDrive=c:;
         -> ended 0
     remove c:, remove d: -> box critical "There is no drive. Drives are the entries a to z of the
@@ -59,9 +61,9 @@ TEST(MainWindow, StartsAsItIsConfigured) {
     write c:\WINDOWS\NestCfg32.INI '[System]\r\nNestRootDir= \Plant A \r\nNestHomeDrive=d:\\r\n',
     write d:\plant a\SYSTEM\nest.ini '[userinfo]\nusernumber=123\n',
     write d:\plant a\network\USER12\nestuser.ini '; kept\n[SystemManager]\nCurrentSysManDrive=C:\n',
-    write c:\plant a\user\design\Job\x 'x' -> "Quarvel System Manager - 2.03"; drvList {c:; d:};
-        -> drvList "c:"; optDesign on; lstDirectory {job}; lstDirectory ""; (cmdMaterial);
-        -> (cmdDelete); (cmdPrint); focus lstDirectory
+    write c:\plant a\user\design\Job\x 'x' -> "Quarvel System Manager - 2.03"; SysMan resizable;
+        -> drvList {c:; d:}; drvList "c:"; optDesign on; lstDirectory 32x14; lstDirectory {job};
+        -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus lstDirectory
     no, choose drvList d: -> drvList "d:"; lstDirectory {}; focus drvList; box Yes/No "No Nest data
         -> on d:\nWould you like to make d: a Nest data drive?"
     close -> d:\plant a\network\USER12\nestuser.ini -CurrentSysManDrive=C:\n;
@@ -120,7 +122,8 @@ TEST(MainWindow, SaysWhyAListCannotBeOpened) {
 
 TEST(MainWindow, MakesADirectory) {
     Play(R"#(
-    click cmdCreate -> "Create Quarvel Directory"; txtDirName ""; focus txtDirName
+    click cmdCreate -> "Create Quarvel Directory"; CreateDir; txtDirName 50x0; txtDirName "";
+        -> focus txtDirName
     '  ', Enter -> focus cmdOK
     focus txtDirName, ' a*b ', Enter -> txtDirName "[a*b]"; focus txtDirName; beep; box information
         -> "The directory name is invalid."
@@ -135,10 +138,10 @@ TEST(MainWindow, MakesADirectory) {
         -> \xFC.b; plates; x<50>}; lstDirectory "x<50>"; c:\tolvarin\USER\DESIGN\x<50> made;
         -> \GEOMETRY made
     click optProduction, click cmdCreate, 'P6', Enter -> "Enter Thickness  for p6 Directory";
-        -> txtInitThickness "[6]"; focus txtInitThickness; c:\tolvarin\USER\PROD\P6 made;
-        -> \COMP made; \GROUP made; \MATERIAL.DAT +;..; +;..; +;..; +\r; +[Mat1]; +Type=MS;
-        -> +Thickness=mm; +Process=Plasma; +\r; +[Mat2]; +Type=SS304; +Thickness=mm;
-        -> +Process=Oxy Fuel; \NEST made; \TAPE made
+        -> frmEnterThickness; txtInitThickness 24x0; txtInitThickness "[6]";
+        -> focus txtInitThickness; c:\tolvarin\USER\PROD\P6 made; \COMP made; \GROUP made;
+        -> \MATERIAL.DAT +;..; +;..; +;..; +\r; +[Mat1]; +Type=MS; +Thickness=mm; +Process=Plasma;
+        -> +\r; +[Mat2]; +Type=SS304; +Thickness=mm; +Process=Oxy Fuel; \NEST made; \TAPE made
     close -> ...
     close -> optProduction on; lstDirectory {p10; p6}; lstDirectory "p6"; cmdMaterial
     remove c:\tolvarin\system\material.dat, click cmdCreate, 'P8', Enter -> ...
@@ -150,8 +153,9 @@ TEST(MainWindow, MakesADirectory) {
 TEST(MainWindow, PrintsListings) {
     Play(R"#(
     write c:\tolvarin\USER\DESIGN\PLATES\GEOMETRY\b.dsn '{1-1000000:x}', choose lstDirectory plates,
-    click cmdPrint -> "Print Directory Data"; optAllDir on; (chkComp); chkComp off; (chkGroups);
-        -> chkGroups off; (chkNest); chkNest off; (chkTape); chkTape off; focus optAllDir
+    click cmdPrint -> "Print Directory Data"; frmPrint; optAllDir on; (chkComp); chkComp off;
+        -> (chkGroups); chkGroups off; (chkNest); chkNest off; (chkTape); chkTape off;
+        -> focus optAllDir
     click cmdSetup -> focus cmdSetup; printer set-up
     click cmdOK -> paper: Quarvel for Windows by Halcor.<11>Date <today> // Design Data // plates
         -> directory // Designs // A.DSN<50>1   <today> / b.dsn<45>000000   <today> //
@@ -178,8 +182,9 @@ TEST(MainWindow, WritesTheBatchFileOfABackup) {
     Play(R"#(
     ok, cancel, click cmdBackup -> focus cmdBackup; box OK/Cancel none "Please insert a floppy
         -> disk"; box again
-    write b:\x '', click cmdBackup -> "Quarvel Backup"; optAllDirectories on; (optSelectedDir);
-        -> drvDest {b:; c:; d:}; drvDest "b:"; focus optAllDirectories
+    write b:\x '', click cmdBackup -> "Quarvel Backup"; frmBackup; optAllDirectories on;
+        -> (optSelectedDir); drvDest 20x0; drvDest {b:; c:; d:}; drvDest "b:";
+        -> focus optAllDirectories
     Enter -> focus cmdOK; box information "The batch file c:\tolvarin\SYSTEM\QVBACKUP.BAT was
         -> written.\nIt was not started: this computer has no command interpreter for it.";
         -> c:\tolvarin\system\QVBACKUP.BAT +@echo off; +echo Backing Up Design Data to b:;
@@ -220,7 +225,7 @@ TEST(MainWindow, KeepsApartWhatDiffersInCaseOnly) {
     write c:\tolvarin\USER\PROD\ JOB\x '', click optProduction -> optProduction on; lstDirectory
         -> {job; job; job; link; p10}; focus optProduction
     choose lstDirectory job, click cmdPrint, click chkGroups, click chkNest, click chkTape ->
-        -> "Print Directory Data"; optAllDir on; chkComp on; chkGroups off; chkNest off;
+        -> "Print Directory Data"; frmPrint; optAllDir on; chkComp on; chkGroups off; chkNest off;
         -> chkTape off; focus chkTape
     click cmdOK -> paper: Quarvel for Windows by Halcor.<11>Date <today> // Production Data // job
         -> directory // Components // <No files> //; paper: Quarvel for Windows by Halcor.<11>Date

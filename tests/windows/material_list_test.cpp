@@ -26,15 +26,16 @@ TEST_F(MaterialListWindow, LooksAroundAndTypesIntoTheGrid) {
     Play(workshop, R"(
     click optProduction, choose lstDirectory p10,
     write c:\tolvarin\USER\PROD\P10\MATERIAL.DAT '[Mat1]\nType=MS\nThickness=30\nProcess=plasma\n[Mat2]\nType=XX\nThickness=-5\nProcess=OXY FUEL\n[Mat3]\nType=YY\nThickness=30\nProcess=Plas',
-    click cmdMaterial -> "Edit c:\tolvarin\user\prod\p10\material.dat List"; row 0: Index |
-        -> Material Type Code | Process Name | Thickness (mm); row 1: 1 | MS | plasma | 25;
-        -> row 2: 2 | XX | OXY FUEL | 0; row 3: 3 | YY | Plas | 30; at 1 1; marked;
-        -> cboEditDataType {MS; Ss316; SS304; Wear 400}; cboEditDataType "MS";
-        -> no cboEditDataProcess; cboEditDataProcess {Plasma; Oxy Fuel; Water};
-        -> cboEditDataProcess ""; no txtSpinText; txtSpinText ""; no spinButton; (cmdCopy);
-        -> (cmdPaste); (cmdDelete); chkAllowKerfCompensated on; chkNestClearanceCheck off;
-        -> chkTracePlate off; chkPrePierceEnabled off; (txtMinPlateThickness);
-        -> txtMinPlateThickness "0.5"; focus grdMaterialList
+    click cmdMaterial -> "Edit c:\tolvarin\user\prod\p10\material.dat List"; frmEditMaterialList
+        -> resizable; row 0: Index | Material Type Code | Process Name | Thickness (mm);
+        -> row 1: 1 | MS | plasma | 25; row 2: 2 | XX | OXY FUEL | 0; row 3: 3 | YY | Plas | 30;
+        -> 1050 twips high, wide 1125n 2375 2375 2375n; at 1 1; marked; cboEditDataType {MS; Ss316;
+        -> SS304; Wear 400}; cboEditDataType "MS"; no cboEditDataProcess; cboEditDataProcess
+        -> {Plasma; Oxy Fuel; Water}; cboEditDataProcess ""; no txtSpinText; txtSpinText "";
+        -> no spinButton; (cmdCopy); (cmdPaste); (cmdDelete); chkAllowKerfCompensated on;
+        -> chkNestClearanceCheck off; chkTracePlate off; chkPrePierceEnabled off;
+        -> txtMinPlateThickness 8x0; (txtMinPlateThickness); txtMinPlateThickness "0.5";
+        -> focus grdMaterialList
     Tab, Tab, Tab, Enter -> row 1: 1 | MS | Plasma | 25; at 2 3; no cboEditDataType;
         -> cboEditDataProcess "plasma"; txtSpinText; txtSpinText "0"; spinButton
     Shift+Tab, Ctrl+Left, Left, Ctrl+Down, Enter -> row 2: 2 | MS | Oxy Fuel | 0; row 3: 3 | MS |
@@ -100,10 +101,12 @@ TEST_F(MaterialListWindow, WhatIsTypedIntoOrPickedFromTheBoxes) {
     click cmdMaterial, 'm', no, close, click cmdMaterial, click 1 3, focus spinButton, Up, no, Esc,
     click cmdMaterial, click 1 3, focus txtSpinText, '1', no, Esc -> box again "Save Material List
         -> file"; box again "Save Material List file"; box again "Save Material List file"
-    click cmdSysDefaults, double 2 2, Alt+C, Alt+P, Alt+A -> "Edit c:\tolvarin\system\material.dat
-        -> List"; row 1: 1 | MS | Plasma | -; row 2: 2 | SS304 | Oxy Fuel | -;
-        -> row 3: 3 | SS304 | Oxy Fuel | -; row 4: 4 | MS | Plasma | -; at 4 1;
-        -> cboEditDataProcess "Oxy Fuel"; txtSpinText ""; cmdPaste; focus grdMaterialList
+    click cmdSysDefaults, double 2 2 -> "Edit c:\tolvarin\system\material.dat List";
+        -> row 1: 1 | MS | Plasma | -; row 2: 2 | SS304 | Oxy Fuel | -; at 2 2; marked row 2;
+        -> no cboEditDataType; cboEditDataProcess; cboEditDataProcess "Oxy Fuel"; txtSpinText "";
+        -> cmdCopy; cmdDelete; focus grdMaterialList
+    Alt+C, Alt+P, Alt+A -> row 3: 3 | SS304 | Oxy Fuel | -; row 4: 4 | MS | Plasma | -; at 4 1;
+        -> marked; cboEditDataType; no cboEditDataProcess; (cmdCopy); cmdPaste; (cmdDelete)
     Ctrl+Right, '5', focus txtSpinText, focus spinButton -> at 4 3; no cboEditDataType
     Left, 'wa', Up -> row 4: 4 | MS | Water | -; at 3 2; cboEditDataProcess
     yes, Alt+C -> focus cmdSysDefaults; box again "Save Material List file";
@@ -129,10 +132,11 @@ TEST_F(MaterialListWindow, ThicknessesAreTypedAndStepped) {
     focus txtSpinText, paste txtSpinText '8 mm', yes, close -> box Yes/No none "Save Material List
         -> file" "<9>Save Changes ?"; c:\tolvarin\USER\PROD\P10\MATERIAL.DAT -Thickness=10mm;
         -> +Thickness=8mm
-    click cmdCreate, 'JOB', Enter -> "Enter Thickness  for job Directory"; txtInitThickness "";
-        -> focus txtInitThickness; c:\tolvarin\USER\PROD\JOB made; \COMP made; \GROUP made;
-        -> \MATERIAL.DAT +;..; +;..; +;..; +\r; +[Mat1]; +Type=MS; +Thickness=mm; +Process=Plasma;
-        -> +\r; +[Mat2]; +Type=SS304; +Thickness=mm; +Process=Oxy Fuel; \NEST made; \TAPE made
+    click cmdCreate, 'JOB', Enter -> "Enter Thickness  for job Directory"; frmEnterThickness;
+        -> txtInitThickness 24x0; txtInitThickness ""; focus txtInitThickness;
+        -> c:\tolvarin\USER\PROD\JOB made; \COMP made; \GROUP made; \MATERIAL.DAT +;..; +;..; +;..;
+        -> +\r; +[Mat1]; +Type=MS; +Thickness=mm; +Process=Plasma; +\r; +[Mat2]; +Type=SS304;
+        -> +Thickness=mm; +Process=Oxy Fuel; \NEST made; \TAPE made
     '0', Enter -> txtInitThickness "[0]"; box "Error in Thickness" "Thickness must be bigger than 0"
     '30mm', Alt+O -> "Edit c:\tolvarin\user\prod\job\material.dat List"; row 1: 1 | MS | Plasma |
         -> 25; row 2: 2 | SS304 | Oxy Fuel | 30; at 1 1; cboEditDataType; cboEditDataProcess "";
@@ -219,13 +223,15 @@ TEST_F(MaterialListWindow, OptionsAreSavedByThemselves) {
     click optProduction, choose lstDirectory p10, click cmdMaterial, close -> ...
     write c:\tolvarin\network\user1\nestuser.ini '[NEST]\r\nAllowKerfProg=on\r\nNestCheck=-1\r\ntracePlateOUTLINE=7\r\nPrePiercingEnabled=.1x\r\nPrePiercingThickness=-5\r\n',
     protect c:\tolvarin\USER\PROD\P10\MATERIAL.DAT, click cmdMaterial -> "Edit
-        -> c:\tolvarin\user\prod\p10\material.dat List"; row 0: Index | Material Type Code |
-        -> Process Name | Thickness (mm); row 1: 1 | MS | Plasma | 10; row 2: 2 | SS304 | Oxy Fuel
-        -> | 12.5; at 1 1; marked; cboEditDataType {MS; Ss316; SS304; Wear 400};
+        -> c:\tolvarin\user\prod\p10\material.dat List"; frmEditMaterialList resizable;
+        -> row 0: Index | Material Type Code | Process Name | Thickness (mm);
+        -> row 1: 1 | MS | Plasma | 10; row 2: 2 | SS304 | Oxy Fuel | 12.5; 1050 twips high, wide
+        -> 1125n 2375 2375 2375n; at 1 1; marked; cboEditDataType {MS; Ss316; SS304; Wear 400};
         -> cboEditDataType "MS"; no cboEditDataProcess; cboEditDataProcess {Plasma; Oxy Fuel;
         -> Water}; cboEditDataProcess ""; no txtSpinText; txtSpinText ""; no spinButton; (cmdCopy);
         -> (cmdPaste); (cmdDelete); chkAllowKerfCompensated off; chkNestClearanceCheck on;
-        -> chkTracePlate on; chkPrePierceEnabled on; txtMinPlateThickness "0"; focus grdMaterialList
+        -> chkTracePlate on; chkPrePierceEnabled on; txtMinPlateThickness 8x0;
+        -> txtMinPlateThickness "0"; focus grdMaterialList
     click chkAllowKerfCompensated, yes, close -> box Yes/No none "Save Material List file" "<9>Save
         -> Changes ?"; c:\tolvarin\network\user1\nestuser.ini -AllowKerfProg=on; -NestCheck=-1;
         -> -tracePlateOUTLINE=7; -PrePiercingEnabled=.1x; -PrePiercingThickness=-5;

@@ -8,12 +8,14 @@ namespace {
 
 TEST(ProcessWindow, ShowsProcessesAndReadsBoxesThatAreLeft) {
     test::Play(R"(
-    click cmdSysProcess -> "Process Defaults Plasma"; cboProcess {Plasma; Oxy Fuel};
-        -> cboProcess "Plasma"; txtRapid "20000"; txtLineMarkRate "6000"; optLeadIn(0) on;
-        -> txtLeadInAngle "45"; chkLeadInExtension off; optLeadOut(1) on; (txtLeadOutAngle);
-        -> txtLeadOutAngle ""; txtLeadoutPercent "50"; txtLeadoutOverrun "3";
-        -> chkLeadOutExtension off; optMajorDirection(1) on; optMinorDirection(0) on;
-        -> optOpenMinor(0) on; chkAddKerf on; focus cboProcess
+    click cmdSysProcess -> "Process Defaults Plasma"; frmProcessDefaults; cboProcess 40x0;
+        -> cboProcess {Plasma; Oxy Fuel}; cboProcess "Plasma"; txtRapid 10x0; txtRapid "20000";
+        -> txtLineMarkRate 10x0; txtLineMarkRate "6000"; optLeadIn(0) on; txtLeadInAngle 6x0;
+        -> txtLeadInAngle "45"; chkLeadInExtension off; optLeadOut(1) on; txtLeadOutAngle 6x0;
+        -> (txtLeadOutAngle); txtLeadOutAngle ""; txtLeadoutPercent 6x0; txtLeadoutPercent "50";
+        -> txtLeadoutOverrun 6x0; txtLeadoutOverrun "3"; chkLeadOutExtension off;
+        -> optMajorDirection(1) on; optMinorDirection(0) on; optOpenMinor(0) on; chkAddKerf on;
+        -> focus cboProcess
     choose cboProcess Oxy Fuel -> "Process Defaults Oxy Fuel"; cboProcess "Oxy Fuel";
         -> txtRapid ".5"; txtLineMarkRate "1"; optLeadIn(2) on; (txtLeadInAngle);
         -> txtLeadInAngle ""; chkLeadInExtension on; optLeadOut(0) on; txtLeadOutAngle;
@@ -95,8 +97,8 @@ TEST(ProcessWindow, AFirstProcessAndItsOptions) {
 TEST(ProcessWindow, NamesOfNewProcessesAndOfThoseBehindADeletedOne) {
     test::Play(R"(
     click cmdSysProcess -> ...
-    Alt+P -> "Add Process"; txtNewProcessName ""; cboCopy {Plasma; Oxy Fuel; None}; cboCopy "None";
-        -> focus txtNewProcessName
+    Alt+P -> "Add Process"; frmAddProcess; txtNewProcessName 40x0; txtNewProcessName "";
+        -> cboCopy 40x0; cboCopy {Plasma; Oxy Fuel; None}; cboCopy "None"; focus txtNewProcessName
     click cmdOk, '  ', Enter, '{1-65:n}', Alt+O, ' Plasma  ', Enter, 'Oxy Fuel', Enter ->
         -> txtNewProcessName "[Oxy Fuel]"; beep; box "Error" "No Process Name Entered"; beep;
         -> box again "Error"; beep; box "Error" "Maximum size of Process name allow is 64";

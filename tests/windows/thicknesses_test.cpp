@@ -10,9 +10,10 @@ namespace {
 TEST(ThicknessWindow, LooksAroundAndTakesWhatIsTyped) {
     test::Play(R"(
     click cmdSysProcess, Alt+P, 'New', choose cboCopy Plasma, Alt+O, Alt+H -> "Thickness Data for
-        -> Process New<61>"; row 0: Thickness<9>(mm) | Pierce Time (secs) | Feed Rate (mm/min) |
-        -> Leadin Length (mm) | Nozzle Size (mm); row 1: 3 | 0.1 | 6400 | 4 | 1.5;
-        -> row 2: 25 | 2 | 550 | 12 | 1.5; at 1 1; txtEditData "0.1"; focus grdThicknessData
+        -> Process New<61>"; frmThicknessData resizable; row 0: Thickness<9>(mm) | Pierce Time
+        -> (secs) | Feed Rate (mm/min) | Leadin Length (mm) | Nozzle Size (mm);
+        -> row 1: 3 | 0.1 | 6400 | 4 | 1.5; row 2: 25 | 2 | 550 | 12 | 1.5; 600 twips high, wide
+        -> 1620n 1620n 1620n 1620n 1620n; at 1 1; txtEditData "0.1"; focus grdThicknessData
     Tab, Tab, Tab, Tab, Enter, Enter -> at 2 4; marked; txtEditData "1.5"
     Up, Shift+Tab, 'x-' -> at 1 3; txtEditData "4"
     PageDown, End, Down, Right, Up, Down, Ctrl+Left, Home -> at 2 1; txtEditData "2"
@@ -59,9 +60,9 @@ TEST(ThicknessWindow, AddsInOrderWhileTheLastProcessHasRoom) {
         -> 0; row 3: 5 | 0 | 0 | 0 | 0; row 4: 10 | 0 | 0 | 0 | 0; .. row 5: 40 | 0 | 0 | 0 | 0;
         -> txtEditData "3"; cmdThkDel
     Alt+A, '0', Enter, '40.00000001', Enter, '000000000012345' -> "Add New Thickness";
-        -> txtNewThickness "0<10>123"; focus txtNewThickness; box "Error in Thickness Entry"
-        -> "Thickness must bigger than 0."; box "Error in Thickness Entry" "Thickness 40 already
-        -> exist."
+        -> frmAddThickness; txtNewThickness 26x0; txtNewThickness "0<10>123";
+        -> focus txtNewThickness; box "Error in Thickness Entry" "Thickness must bigger than 0.";
+        -> box "Error in Thickness Entry" "Thickness 40 already exist."
     Alt+C, Alt+A, '1.234567890', Enter, Esc, yes, Esc -> box again "Closing Process Defaults";
         -> c:\tolvarin\system\process.dat +Thickness1=.5mm, 3, 0, 0, 0; +Thickness2=1.234568mm, 0,
         -> 0, 0, 0; +Thickness3=2mm, 7, 0, 0, 0; +Thickness4=5mm, 0, 0, 0, 0;
