@@ -147,6 +147,8 @@ TEST(MainWindow, MakesADirectory) {
     remove c:\tolvarin\system\material.dat, click cmdCreate, 'P8', Enter -> ...
     click optProduction -> "Quarvel System Manager - 2.03"; lstDirectory {p10; p6; p8};
         -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus optProduction
+    remove c:\tolvarin\USER\PROD, click cmdCreate, 'P9', Enter -> box critical
+        -> "c:\tolvarin\USER\PROD\P9: the directory that it belongs in is missing"; ended 1
     )#");
 }
 

@@ -58,9 +58,19 @@ TEST(ProcessWindow, ShowsProcessesAndReadsBoxesThatAreLeft) {
 // What a process keeps is shown when it is chosen again, as the last one is after Add Process.
 TEST(ProcessWindow, AFirstProcessAndItsOptions) {
     test::Play(R"(
-    click cmdSysProcess, Esc, remove c:\tolvarin\system\process.dat, click cmdSysProcess, Alt+A,
-    Alt+E, Alt+D, Esc -> box "Error loading Process.dat" "File PROCESS.DAT not found\rin
-        -> c:\tolvarin\SYSTEM\"
+    click cmdSysProcess, yes, Alt+D -> "Process Defaults Oxy Fuel"; frmProcessDefaults;
+        -> cboProcess 40x0; cboProcess {Oxy Fuel}; cboProcess "Oxy Fuel"; txtRapid 10x0;
+        -> txtRapid ".5"; txtLineMarkRate 10x0; txtLineMarkRate "1"; optLeadIn(2) on;
+        -> txtLeadInAngle 6x0; (txtLeadInAngle); txtLeadInAngle ""; chkLeadInExtension on;
+        -> optLeadOut(0) on; txtLeadOutAngle 6x0; txtLeadOutAngle "-30"; txtLeadoutPercent 6x0;
+        -> txtLeadoutPercent "0"; txtLeadoutOverrun 6x0; txtLeadoutOverrun "0";
+        -> chkLeadOutExtension on; optMajorDirection(0) on; optOpenMinor(1) on; chkAddKerf off;
+        -> focus cmdDeleteProcess; box Yes/No none "Delete Process" "<13>If you Delete this Process
+        -> Plasma\r<21>then any components or\rnest that uses this process will become
+        -> INVALID.\r<9>Are you sure you want to continue ?"
+    no, Esc, remove c:\tolvarin\system\process.dat, click cmdSysProcess, Alt+A, Alt+E, Alt+D, Esc ->
+        -> box Yes/No none "Closing Process Defaults" "<13>Save Changes ?"; box "Error loading
+        -> Process.dat" "File PROCESS.DAT not found\rin c:\tolvarin\SYSTEM\"
     click cmdSysProcess -> ...
     Alt+P, Esc, Alt+H -> focus cmdThicknessData; box "Error : No Process" "There is no Process."
     Alt+P, 'First', Enter -> "Process Defaults First"; cboProcess {First<59>}; cboProcess
@@ -69,11 +79,15 @@ TEST(ProcessWindow, AFirstProcessAndItsOptions) {
         -> optMajorDirection(1) on; optMinorDirection(1) on; optOpenMinor(0) on; focus cmdAddProcess
     yes, Alt+D -> cboProcess {}; cboProcess ""; txtRapid ""; txtLeadInAngle ""; (cmdDeleteProcess);
         -> (cmdThicknessData); focus cmdClose; gone optLeadIn(0) on; gone optMajorDirection(1) on;
-        -> gone optMinorDirection(1) on; box Yes/No none "Delete Process" "<13>If you Delete this
-        -> Process First<59>\r<21>then any components or\rnest that uses this process will become
-        -> INVALID.\r<9>Are you sure you want to continue ?"
-    Alt+L, Alt+E, focus txtRapid, '7', yes, Esc -> box Yes/No none "Closing Process Defaults"
-        -> "<13>Save Changes ?"; c:\tolvarin\system\process.dat +;..; +;..; +\r
+        -> gone optMinorDirection(1) on; box again "Delete Process" ..First<59>..
+    Alt+P, 'A', Enter -> "Process Defaults A"; cboProcess {A<63>}; cboProcess "A<63>";
+        -> txtRapid "0"; optLeadIn(0) on; txtLeadInAngle "0"; optMajorDirection(1) on;
+        -> optMinorDirection(1) on; cmdDeleteProcess; cmdThicknessData; focus cmdAddProcess
+    yes, Alt+D -> cboProcess {}; cboProcess ""; txtRapid ""; txtLeadInAngle ""; (cmdDeleteProcess);
+        -> (cmdThicknessData); focus cmdClose; gone optLeadIn(0) on; gone optMajorDirection(1) on;
+        -> gone optMinorDirection(1) on; box again "Delete Process" ..A<63>..
+    Alt+L, Alt+E, focus txtRapid, '7', yes, Esc -> box again "Closing Process Defaults";
+        -> c:\tolvarin\system\process.dat +;..; +;..; +\r
     click cmdSysProcess, Alt+P, 'Second', Enter -> "Process Defaults Second"; cboProcess
         -> {Second<58>}; cboProcess "Second<58>"; txtRapid "0"; optLeadIn(0) on;
         -> txtLeadInAngle "0"; optMajorDirection(1) on; optMinorDirection(1) on; cmdDeleteProcess;
