@@ -86,15 +86,15 @@ void CheckDirectory(const string& path, DataKind kind, Findings& findings) {
 }
 
 void CheckArea(const DataArea& area, Findings& findings) {
-    const auto folder = Folder::IfThere(area.ListedPath());
+    const auto folder = Folder::IfThere(area.Path());
     if (!folder) return;
     const Names names(*folder);
     for (const string& name : names.files) {
-        findings.push_back({area.ListedPath() + "\\" + name, 0, Severity::kWarning,
+        findings.push_back({area.Path() + "\\" + name, 0, Severity::kWarning,
                             "is a file among directories: it is listed like one"});
     }
     for (const string& name : names.directories) {
-        const string path = area.ListedPath() + "\\" + name;
+        const string path = area.Path() + "\\" + name;
         try {
             CheckDirectory(path, area.kind, findings);
         } catch (const errors::FileError& failure) {
@@ -126,10 +126,10 @@ std::vector<ListFile> MaterialLists(const std::vector<string>& drives) {
         {app::TheConfig().SystemDir() + "\\material.dat", "", materiallist::kSystemDefaults}};
     for (const string& drive : drives) {
         const DataArea area{drive, DataKind::kProduction};
-        const auto folder = Folder::IfThere(area.ListedPath());
+        const auto folder = Folder::IfThere(area.Path());
         if (!folder) continue;
         for (const string& name : Names(*folder).directories) {
-            lists.push_back({area.ListedPath() + "\\" + name + "\\MATERIAL.DAT",
+            lists.push_back({area.Path() + "\\" + name + "\\MATERIAL.DAT",
                              directories::ListedName(name), materiallist::kExistingDirectory});
         }
     }
