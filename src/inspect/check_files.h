@@ -29,5 +29,7 @@ void CheckMaterialTypes(const std::string& path, const std::string& bytes, Table
                         Findings& findings);
 void CheckMaterialList(const std::string& path, const std::string& bytes,
                        materiallist::ListSource source, const Tables& tables, Findings& findings);
+// The nesting options in the profile of the operator, which other programs share.
+void CheckOptions(const std::string& path, const std::string& bytes, Findings& findings);
 
 }  // namespace inspect

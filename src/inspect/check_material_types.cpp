@@ -18,7 +18,7 @@ void CheckMaterialTypes(const std::string& path, const std::string& bytes, Table
     const std::string list = "Materials";
     const int count =
         file.CountNumbered(list, "Mat", materialtypes::MaxMaterialTypes, "material types");
-    std::vector<std::string> seen;
+    std::vector<std::string> seen{Comparable(list)};
     for (int n = 1; n <= std::min(count, materialtypes::MaxMaterialTypes); ++n) {
         const std::string key = profile::Numbered("Mat", n), code = file.Value(list, key);
         const std::size_t line = file.LineOf(list, key);
@@ -26,7 +26,8 @@ void CheckMaterialTypes(const std::string& path, const std::string& bytes, Table
         file.CheckName(line, code, decltype(MaterialTypeRecord::Code)::kWidth);
         if (std::find(seen.begin(), seen.end(), Comparable(section)) != seen.end()) {
             file.Report(Severity::kWarning, line,
-                        code + " is listed twice: both share one description and density");
+                        code + " shares the section [" + section +
+                            "] with another name: what is set for one of them is lost");
             continue;
         }
         seen.push_back(Comparable(section));

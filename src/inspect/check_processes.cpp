@@ -118,7 +118,7 @@ void CheckProcesses(const string& path, const string& bytes, Tables& tables, Fin
     DataFile file(path, bytes, findings);
     const string list = "Processes";
     const int count = file.CountNumbered(list, "Process", process::MaxProcesses, "processes");
-    std::vector<string> seen;
+    std::vector<string> seen{Comparable(list)};
     for (int n = 1; n <= std::min(count, process::MaxProcesses); ++n) {
         const string name = file.Value(list, Numbered("Process", n));
         const std::size_t line = file.LineOf(list, Numbered("Process", n));
@@ -126,9 +126,8 @@ void CheckProcesses(const string& path, const string& bytes, Tables& tables, Fin
         file.CheckName(line, name, decltype(process::ProcessRecord::Name)::kWidth);
         if (std::find(seen.begin(), seen.end(), Comparable(section)) != seen.end()) {
             file.Report(Severity::kWarning, line,
-                        name +
-                            " is listed twice: both share one section, and what is set for one "
-                            "of them is lost");
+                        name + " shares the section [" + section +
+                            "] with another name: what is set for one of them is lost");
             continue;
         }
         seen.push_back(Comparable(section));

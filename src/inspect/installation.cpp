@@ -151,6 +151,8 @@ Findings Check(const std::vector<string>& drives) {
          [&](const string& bytes) { CheckProcesses(processes, bytes, tables, findings); });
     look(types, "there are no material types",
          [&](const string& bytes) { CheckMaterialTypes(types, bytes, tables, findings); });
+    const string profile = app::TheConfig().UserProfilePath();
+    look(profile, "", [&](const string& bytes) { CheckOptions(profile, bytes, findings); });
     for (const string& drive : drives) {
         for (const DataKind kind : kBoth) CheckArea({drive, kind}, findings);
     }

@@ -71,8 +71,8 @@ TEST(Check, Processes) {
         -> not read: Thickness2 is missing or empty; 7 warning [Q] is not used: nothing lists it,
         -> and the next save leaves it out
     a=1|A=2|[Processes]|Process1=P|process2=p|[p]|Rapid=1|Colour=red|RAPID=2|[P]|Rapid=3 ->
-        -> 2 warning A stands a second time: only the first one is read; 5 warning p is listed
-        -> twice: both share one section, and what is set for one of them is lost;
+        -> 2 warning A stands a second time: only the first one is read; 5 warning p shares the
+        -> section [p] with another name: what is set for one of them is lost;
         -> 8 note Colour is not read here, and the next save leaves it out; 9 warning RAPID stands
         -> a second time: only the first one is read; 10 warning [P] stands a second time: only the
         -> first one is read; 11 warning Rapid stands a second time: only the first one is read
@@ -155,16 +155,17 @@ TEST(Check, WhatACutterWouldNotBelieve) {
 TEST(Check, MaterialTypes) {
     Look(R"(
     [Materials]|Mat1=MS|Mat2=ms|Mat3=XX|Mat5=YY|[MS]|Density=7,85|Description={1-51:d}|[Old] ->
-        -> 3 warning ms is listed twice: both share one description and density;
-        -> 4 warning there is no section [XX]: XX has no description and the density 0;
+        -> 3 warning ms shares the section [ms] with another name: what is set for one of them is
+        -> lost; 4 warning there is no section [XX]: XX has no description and the density 0;
         -> 5 warning Mat5 is not read: Mat4 is missing or empty; 7 warning Density=7,85 reads as 7:
         -> decimals stand behind a point; 8 warning
         -> "ddddddddddddddddddddddddddddddddddddddddddddddddddd" is cut to 50 characters;
         -> 9 warning [Old] is not used: nothing lists it, and the next save leaves it out
-    [Materials]|Mat1=A|Mat2=B|Mat3=C|[A]|Density=.49|[B]|Density=23|[C]|Density=none ->
-        -> 6 note A: a density of .49 t/m3 is not between 0.5 and 23; 10 warning Density=none reads
-        -> as 0: it does not begin with a number; 10 note C: a density of 0 t/m3 is not between 0.5
-        -> and 23
+    [Materials]|Mat1=A|Mat2=B|Mat3=C|Mat4=materials|[A]|Density=.49|[B]|Density=23|[C]|Density=none ->
+        -> 5 warning materials shares the section [materials] with another name: what is set for
+        -> one of them is lost; 7 note A: a density of .49 t/m3 is not between 0.5 and 23;
+        -> 11 warning Density=none reads as 0: it does not begin with a number;
+        -> 11 note C: a density of 0 t/m3 is not between 0.5 and 23
     [Materials]|{1-61:Mat#=M#|}{1-61:[M#]|Density=1|} -> 62 error there are more than 60 material
         -> types: the file cannot be opened; 183 warning [M61] is not used: nothing lists it, and
         -> the next save leaves it out
@@ -228,12 +229,17 @@ TEST(Check, TheInstallationAndWhatUsesAProcess) {
     for (const char* folder : {"COMP", "GROUP", "NEST", "TAPE"}) {
         workshop.MakeDir(string("d:\\tolvarin\\USER\\PROD\\J\\") + folder);
     }
+    workshop.Write("c:\\tolvarin\\network\\user1\\nestuser.ini",
+                   "[Nest]\nPrePiercingThickness=2,5\nNestCheck=on\n");
+    app::TheConfig().UserNumber = "1";
     const auto drives = inspect::DataDrives({});
     EXPECT_EQ(drives, (std::vector<string>{"c:", "d:"}));
     EXPECT_EQ(inspect::DataDrives({"D"}), std::vector<string>{"d:"});
     EXPECT_THROW(inspect::DataDrives({"q"}), errors::FileError);
     EXPECT_EQ(Told(workshop, inspect::Check(drives)), R"(
 /c/tolvarin/system/process.dat:28: note: Leadout=Arc is kept by a save only where the process window has shown this process before
+/c/tolvarin/network/user1/nestuser.ini:2: warning: PrePiercingThickness=2,5 reads as 2: decimals stand behind a point
+/c/tolvarin/network/user1/nestuser.ini:3: warning: NestCheck=on reads as 0: it does not begin with a number
 /c/tolvarin/USER/PROD/NOTES.TXT: warning: is a file among directories: it is listed like one
 /c/tolvarin/USER/PROD/JOB: warning: has no folder COMP
 /c/tolvarin/USER/PROD/JOB: warning: has no folder GROUP
