@@ -1,12 +1,10 @@
-#include "tests/gui/keyboard.h"
-
+// The keys of the platform, and what its keyboard layout makes of them.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <map>
-#include <utility>
 
-#include "tests/gui/person.h"
+#include "tests/gui/real_player.h"
 #include "text/code_page.h"
 
 #ifdef _WIN32
@@ -22,81 +20,64 @@ namespace test {
 namespace {
 
 struct Stroke {
-    unsigned key;  // of the platform; 0 for none
-    int modifiers;
+    unsigned key;
+    int held = 0;
 };
 
 #ifdef _WIN32
 
-constexpr std::pair<int, unsigned> kModifierKeys[] = {{kShiftKey, VK_SHIFT},
-                                                      {kCtrlKey, VK_CONTROL},
-                                                      {kAltKey, VK_MENU},
-                                                      {kAltGrKey, VK_RMENU},
-                                                      {kWindowsKey, VK_LWIN}};
+constexpr unsigned kHeldKeys[] = {VK_SHIFT, VK_CONTROL, VK_MENU, VK_LWIN, VK_RMENU};
+constexpr unsigned kNoKey = 1 << 16;  // a character and this is one that no key stands for
 
 void Send(unsigned key, bool down) {
-    keybd_event(static_cast<BYTE>(key), static_cast<BYTE>(MapVirtualKeyW(key, 0)),
-                (down ? 0 : KEYEVENTF_KEYUP) | (key == VK_RMENU ? KEYEVENTF_EXTENDEDKEY : 0), 0);
+    INPUT input = {};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = static_cast<WORD>(key < kNoKey ? key : 0);
+    input.ki.wScan = static_cast<WORD>(key < kNoKey ? MapVirtualKeyW(key, 0) : key);
+    input.ki.dwFlags = (down ? 0 : KEYEVENTF_KEYUP) | (key < kNoKey ? 0 : KEYEVENTF_UNICODE) |
+                       (key == VK_RMENU ? KEYEVENTF_EXTENDEDKEY : 0);
+    SendInput(1, &input, sizeof input);
 }
 
-// As an input method sends it.
-void SendCharacter(char32_t character) {
-    for (const DWORD released : {0, KEYEVENTF_KEYUP}) {
-        INPUT input = {};
-        input.type = INPUT_KEYBOARD;
-        input.ki.wScan = static_cast<WORD>(character);
-        input.ki.dwFlags = KEYEVENTF_UNICODE | released;
-        SendInput(1, &input, sizeof input);
-    }
-}
-
+// The system counts Shift, Ctrl and Alt as it is done here. Ctrl with Alt is AltGr.
 std::map<char32_t, Stroke> Strokes() {
-    std::map<char32_t, Stroke> strokes = {{U'\u0142', {}}, {U'\u03A9', {}}};
+    std::map<char32_t, Stroke> strokes = {{U'\u0142', {kNoKey + 0x142}},
+                                          {U'\u03A9', {kNoKey + 0x3A9}}};
     for (int byte = ' '; byte < 256; ++byte) {
         const char32_t character = text::ToUnicode(static_cast<char>(byte));
         if (character >= 127 && character < 160) continue;
         const SHORT found = VkKeyScanW(static_cast<WCHAR>(character));
-        const int state = HIBYTE(found);  // the same bits but for AltGr, which is Ctrl with Alt
-        const int held = (state & 6) == 6 ? kAltGrKey | (state & 1) : state;
-        strokes[character] = found == -1 ? Stroke{} : Stroke{LOBYTE(found), held};
+        strokes[character] =
+            found == -1 ? Stroke{kNoKey + character} : Stroke{LOBYTE(found), HIBYTE(found)};
     }
     return strokes;
 }
 
 #else
 
-constexpr std::pair<int, unsigned> kModifierKeys[] = {{kShiftKey, XK_Shift_L},
-                                                      {kCtrlKey, XK_Control_L},
-                                                      {kAltKey, XK_Alt_L},
-                                                      {kAltGrKey, XK_ISO_Level3_Shift},
-                                                      {kWindowsKey, XK_Super_L}};
+constexpr unsigned kHeldKeys[] = {XK_Shift_L, XK_Control_L, XK_Alt_L, XK_Super_L,
+                                  XK_ISO_Level3_Shift};
 
 Display* TheDisplay() {
     return GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
 }
 
-// Keys by their symbols from 256 up, by their codes below.
-void Send(KeySym key, bool down) {
-    const KeySym code = key > 255 ? XKeysymToKeycode(TheDisplay(), key) : key;
-    XTestFakeKeyEvent(TheDisplay(), static_cast<unsigned>(code), down, 0);
+void Send(unsigned symbol, bool down) {
+    XTestFakeKeyEvent(TheDisplay(), XKeysymToKeycode(TheDisplay(), symbol), down, 0);
     XSync(TheDisplay(), False);
 }
 
-void SendCharacter(char32_t character) {
-    ADD_FAILURE() << "no key types U+" << std::hex << static_cast<unsigned>(character);
-}
-
-// Of the main block of the keyboard, with the blank and the one beside the left Shift key. Level 1
-// is with Shift, 2 with AltGr.
+// Of the main block of the keyboard, with the blank and the one beside the left Shift key.
 std::map<char32_t, Stroke> Strokes() {
     std::map<char32_t, Stroke> strokes;
     for (int level = 0; level < 4; ++level) {
         for (unsigned key = 10; key <= 94; key = key == 61 ? 65 : key == 65 ? 94 : key + 1) {
-            const auto symbol =
-                XkbKeycodeToKeysym(TheDisplay(), static_cast<KeyCode>(key), 0, level);
-            const char32_t typed = gdk_keyval_to_unicode(static_cast<guint>(symbol));
+            const auto symbol = [code = static_cast<KeyCode>(key)](int at) {
+                return static_cast<unsigned>(XkbKeycodeToKeysym(TheDisplay(), code, 0, at));
+            };
+            const char32_t typed = gdk_keyval_to_unicode(symbol(level));
             const int held = (level & 1 ? kShiftKey : 0) | (level & 2 ? kAltGrKey : 0);
-            if (typed >= U' ' && typed != 127) strokes.try_emplace(typed, Stroke{key, held});
+            if (typed >= U' ' && typed != 127) strokes.try_emplace(typed, Stroke{symbol(0), held});
         }
     }
     return strokes;
@@ -104,16 +85,21 @@ std::map<char32_t, Stroke> Strokes() {
 
 #endif
 
-void Press(unsigned key, int modifiers) {
+}  // namespace
+
+void Press(unsigned key, int held) {
     for (const bool down : {true, false}) {
         if (!down) Send(key, true), Send(key, false);
-        for (const auto& [modifier, symbol] : kModifierKeys) {
-            if ((modifiers & modifier) != 0) Send(symbol, down);
+        for (unsigned bit = 0; bit < std::size(kHeldKeys); ++bit) {
+            if ((held >> bit & 1) != 0) Send(kHeldKeys[bit], down);
         }
     }
 }
 
-}  // namespace
+void TypeCharacter(char32_t character, int held) {
+    const Stroke stroke = Strokes().at(character);
+    Press(stroke.key, held != 0 ? held : stroke.held);
+}
 
 std::u32string LayoutCharacters() {
     std::u32string all;
@@ -121,25 +107,12 @@ std::u32string LayoutCharacters() {
     return all;
 }
 
-void TypeCharacter(char32_t character) {
-    const Stroke stroke = Strokes()[character];
-    stroke.key == 0 ? SendCharacter(character) : Press(stroke.key, stroke.modifiers);
-}
-
-void PressWith(int modifiers, char32_t character) {
-    Press(Strokes()[character].key, modifiers);
-}
-
-void UseLayout([[maybe_unused]] const std::string& layout) {
-#ifndef _WIN32
-    ASSERT_EQ(std::system(("setxkbmap " + layout).c_str()), 0);
-    Until([] { return false; }, 200);  // the new map reaches the toolkit as an event
-#endif
-}
-
-void PressNamed([[maybe_unused]] const char* name) {
-#ifndef _WIN32
-    for (const bool down : {true, false}) Send(XStringToKeysym(name), down);
+bool UseLayout(const std::string& layout) {
+#ifdef _WIN32
+    return layout == "us";
+#else
+    EXPECT_EQ(std::system(("setxkbmap " + layout).c_str()), 0);
+    return !Until([] { return false; }, 200);  // the new map reaches the toolkit as an event
 #endif
 }
 
