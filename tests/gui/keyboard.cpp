@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <map>
 
 #include "tests/gui/real_player.h"
 #include "text/code_page.h"
@@ -10,7 +9,6 @@
 #ifdef _WIN32
 #include <windows.h>
 #else
-#include <X11/XKBlib.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 #include <gdk/gdkx.h>
@@ -21,7 +19,7 @@ namespace {
 
 struct Stroke {
     unsigned key;
-    int held = 0;
+    int held;
 };
 
 #ifdef _WIN32
@@ -40,17 +38,11 @@ void Send(unsigned key, bool down) {
 }
 
 // The system counts Shift, Ctrl and Alt as it is done here. Ctrl with Alt is AltGr.
-std::map<char32_t, Stroke> Strokes() {
-    std::map<char32_t, Stroke> strokes = {{U'\u0142', {kNoKey + 0x142}},
-                                          {U'\u03A9', {kNoKey + 0x3A9}}};
-    for (int byte = ' '; byte < 256; ++byte) {
-        const char32_t character = text::ToUnicode(static_cast<char>(byte));
-        if (character >= 127 && character < 160) continue;
-        const SHORT found = VkKeyScanW(static_cast<WCHAR>(character));
-        strokes[character] =
-            found == -1 ? Stroke{kNoKey + character} : Stroke{LOBYTE(found), HIBYTE(found)};
-    }
-    return strokes;
+Stroke StrokeOf(char32_t character) {
+    const SHORT found = VkKeyScanW(static_cast<WCHAR>(character));
+    if (found != -1) return {LOBYTE(found), HIBYTE(found)};
+    const bool sent = text::FromUnicode(character) || character == U'\u03A9';
+    return {sent ? kNoKey + character : 0, 0};
 }
 
 #else
@@ -67,20 +59,19 @@ void Send(unsigned symbol, bool down) {
     XSync(TheDisplay(), False);
 }
 
-// Of the main block of the keyboard, with the blank and the one beside the left Shift key.
-std::map<char32_t, Stroke> Strokes() {
-    std::map<char32_t, Stroke> strokes;
-    for (int level = 0; level < 4; ++level) {
-        for (unsigned key = 10; key <= 94; key = key == 61 ? 65 : key == 65 ? 94 : key + 1) {
-            const auto symbol = [code = static_cast<KeyCode>(key)](int at) {
-                return static_cast<unsigned>(XkbKeycodeToKeysym(TheDisplay(), code, 0, at));
-            };
-            const char32_t typed = gdk_keyval_to_unicode(symbol(level));
-            const int held = (level & 1 ? kShiftKey : 0) | (level & 2 ? kAltGrKey : 0);
-            if (typed >= U' ' && typed != 127) strokes.try_emplace(typed, Stroke{symbol(0), held});
-        }
+Stroke StrokeOf(char32_t character) {
+    GdkKeymap* const layout = gdk_keymap_get_for_display(gdk_display_get_default());
+    GdkKeymapKey* keys = nullptr;
+    int count = 0;
+    gdk_keymap_get_entries_for_keyval(layout, gdk_unicode_to_keyval(character), &keys, &count);
+    GdkKeymapKey key = {};
+    for (int i = 0; i < count; ++i) {
+        if (key.keycode == 0 && keys[i].level < 4) key = keys[i];
     }
-    return strokes;
+    g_free(keys);
+    const int held = (key.level & 1 ? kShiftKey : 0) | (key.level & 2 ? kAltGrKey : 0);
+    key.level = 0;
+    return {gdk_keymap_lookup_key(layout, &key), held};
 }
 
 #endif
@@ -97,13 +88,16 @@ void Press(unsigned key, int held) {
 }
 
 void TypeCharacter(char32_t character, int held) {
-    const Stroke stroke = Strokes().at(character);
+    const Stroke stroke = StrokeOf(character);
     Press(stroke.key, held != 0 ? held : stroke.held);
 }
 
+// From the blank to the arrows, without what is no character of any keyboard.
 std::u32string LayoutCharacters() {
     std::u32string all;
-    for (const auto& [character, stroke] : Strokes()) all += character;
+    for (char32_t each = U' '; each < U'\u2200'; each += each == U'~' ? 34 : 1) {
+        if (StrokeOf(each).key != 0) all += each;
+    }
     return all;
 }
 

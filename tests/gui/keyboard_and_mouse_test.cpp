@@ -1,9 +1,8 @@
 // What only a real keyboard and a real mouse can show: what is typed arrives as it was typed or is
 // refused whole, and the toolkit's own parts do what the system wants of them.
 #include <gtest/gtest.h>
-#include <wx/textctrl.h>
 #include <wx/uiaction.h>
-#include <wx/utils.h>
+#include <wx/wx.h>
 
 #include "tests/gui/real_player.h"
 #include "tests/support/workshop.h"
@@ -20,18 +19,16 @@ using test::Until;
 
 // One of each kind, the deeds that lead there, and up to which one it refuses the characters from
 // 127 on.
-constexpr struct Field {
-    const char* way;
-    int refused;
-} kFields[] = {{"click cmdSysMaterial", 255},
-               {"click cmdSysMaterial, focus txtEditData", 0},
-               {"click cmdSysDefaults", 159},
-               {"click cmdSysDefaults, focus cboEditDataType", 0},
-               {"click cmdCreate", 0}};
+constexpr std::pair<const char*, int> kFields[] = {
+    {"click cmdSysMaterial", 255},
+    {"click cmdSysMaterial, focus txtEditData", 0},
+    {"click cmdSysDefaults", 159},
+    {"click cmdSysDefaults, focus cboEditDataType", 0},
+    {"click cmdCreate", 0}};
 
 // Types all that the keyboard has into the field with the focus, some characters at a time over
 // what is there, which stays where all are refused.
-void TypeAll(test::RealPlayer& player, views::Form& form, const Field& field) {
+void TypeAll(test::RealPlayer& player, views::Form& form, int refused) {
     auto* const grid = dynamic_cast<views::Grid*>(form.Focus());
     auto* const text = dynamic_cast<views::TextPart*>(form.Focus());
     const auto shown = [&] { return grid ? grid->CurrentText() : text->Text(); };
@@ -46,7 +43,7 @@ void TypeAll(test::RealPlayer& player, views::Form& form, const Field& field) {
             test::TypeCharacter(character);
             const auto byte = text::FromUnicode(character);
             const int code = static_cast<unsigned char>(byte.value_or('\0'));
-            if (byte && (code < 127 || code > field.refused)) taken += *byte;
+            if (byte && (code < 127 || code > refused)) taken += *byte;
         }
         const std::string expected = taken.empty() ? before : taken;
         EXPECT_TRUE(Until([&] { return shown() == expected; }))
@@ -56,17 +53,17 @@ void TypeAll(test::RealPlayer& player, views::Form& form, const Field& field) {
 }
 
 TEST(Keyboard, EveryCharacterArrivesOrIsRefused) {
-    for (const Field& field : kFields) {
-        SCOPED_TRACE(field.way);
+    for (const auto& [way, refused] : kFields) {
+        SCOPED_TRACE(way);
         test::RealPlayer player;
-        player.own = {[&](views::Form& form) {
+        player.own = {[&, last = refused](views::Form& form) {
             for (const char* layout : {"us", "de", "fr", "gr", "pl"}) {
                 SCOPED_TRACE(layout);
-                if (test::UseLayout(layout)) TypeAll(player, form, field);
+                if (test::UseLayout(layout)) TypeAll(player, form, last);
             }
             test::UseLayout("us");
         }};
-        player.Play(test::Workshop(), field.way + std::string(", '*' -> ..."));
+        player.Play(test::Workshop(), way + std::string(", '*' -> ..."));
     }
 }
 
@@ -131,12 +128,9 @@ TEST(Keyboard, KeysThatTypeNothingAndTheClipboard) {
 TEST(Mouse, ListsAndArrows) {
     test::RealPlayer player;
     player.own = {[](views::Form& form) {
-        const auto arrow = [real = test::RealOf(*form.Focus())] {
-            const wxSize size = real->GetSize();
-            return real->ClientToScreen(wxPoint(size.x * 3 / 4, size.y / 2));
-        };
         const auto* box = dynamic_cast<wxTextCtrl*>(wxWindow::FindWindowByName("txtSpinText"));
-        test::ClickAt(arrow, false, [&] { Until([&] { return box->GetValue() == "25"; }); });
+        test::ClickAt([&] { return test::PlaceOf(*form.Focus()); }, false,
+                      [&] { Until([&] { return box->GetValue() == "25"; }); });
     }};
     player.Play(test::Workshop(), R"(
         click optProduction, click lstDirectory -> optProduction on; lstDirectory {p10}
@@ -149,12 +143,10 @@ TEST(Mouse, ListsAndArrows) {
             -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus cmdCreate
         click drvList, no, Down, Enter -> focus drvList
             -> box Yes/No "No Nest data on d:\nWould you like to make d: a Nest data drive?"
-        click cmdSysProcess -> ...
-        click cmdAddProcess, 'neu', click cboCopy, Up, Enter -> "Add Process"
+        click cmdSysProcess, click cmdAddProcess, 'neu', click cboCopy, Up, Enter -> "Add Process"
             -> txtNewProcessName "neu"; cboCopy {Plasma; Oxy Fuel; None}; cboCopy "Oxy Fuel"
             -> focus cboCopy
-        Esc, Esc -> focus cmdSysProcess
-        click cmdSysDefaults -> ...
+        Esc, Esc, click cmdSysDefaults -> ...
         click cboEditDataType, Down, Enter -> row 1: 1 | SS304 | Plasma | -; cboEditDataType "SS304"
             -> focus cboEditDataType
         no, close -> focus cmdSysDefaults; box again "Save Material List file"
@@ -166,18 +158,17 @@ TEST(Mouse, ListsAndArrows) {
 TEST(Mouse, DragsAndDoubleClicks) {
     const auto next = [] { return wxGetMousePosition() + wxPoint(15, 3); };
     const auto drag = [&](views::Form&) {
-        test::ClickAt([first = next()] { return first; }, false,
-                      [&] {
-                          for (int part = 0; part < 8; ++part) {
-                              wxUIActionSimulator().MouseMove(next());
-                              test::Settle();
-                          }
-                      });
+        const wxPoint first = next();
+        const auto onward = [&] {
+            for (int i = 0; i < 8; ++i) wxUIActionSimulator().MouseMove(next()), test::Settle();
+        };
+        test::ClickAt([&] { return first; }, false, onward);
+    };
+    const auto twice = [](views::Form& form) {
+        test::ClickAt([&] { return test::PlaceOf(*form.Focus()); }, true);
     };
     test::RealPlayer player;
-    player.own = {drag, [](views::Form& form) {
-                      test::ClickAt([&] { return test::PlaceOf(*form.Focus()); }, true);
-                  }};
+    player.own = {drag, twice};
     player.Play(test::Workshop(), R"(
         click cmdSysMaterial, click 1 1 -> ...
         '*' ->

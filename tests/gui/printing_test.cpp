@@ -10,6 +10,8 @@
 #include <gtk/gtk.h>
 #endif
 
+#include <regex>
+
 #include "tests/gui/real_player.h"
 #include "tests/support/environment.h"
 #include "tests/support/workshop.h"
@@ -37,39 +39,37 @@ class Printer : public views::wx::WxPrinter {
 };
 
 // The run ends with the reason.
-void ExpectRefused(const test::TempDrives& drives, const string& reason) {
+void ExpectRefused(const string& reason) {
     const Printer printer;
     string script = R"(
-        write c:\tolvarin\network\user1\nestuser.ini '' -> ...
         choose lstDirectory plates, click cmdPrint, click cmdOK -> box critical "REASON"
             -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=c:
             -> ended 1)";
     script.replace(script.find("REASON"), 6, reason);
-    test::RealPlayer().Play(drives, script, test::Paper::kReal);
+    test::RealPlayer().Play(test::Workshop(), script, test::Paper::kReal);
 }
 
 #ifdef _WIN32
 
 TEST(Printing, WithoutAPrinterTheReasonIsSaid) {
     if (wxPrintData().IsOk()) GTEST_SKIP() << "there is a printer";
-    ExpectRefused(test::Workshop(), "There is no printer.");
+    ExpectRefused("There is no printer.");
 }
 
 #else
 
+// A server that takes the call and says nothing is not waited for.
 TEST(Printing, WithoutAPrinterTheReasonIsSaid) {
-    const test::Workshop workshop;
-    const string path = workshop.Folder().string() + "-socket";
+    const test::TempDrives drives;
+    const string path = drives.Folder() / "socket";
     const test::Environment server("CUPS_SERVER", path);
-    ExpectRefused(workshop, "There is no printer: no print server answers at <drives>-socket.");
-    // Nor is one waited for that takes the call and says nothing.
+    ExpectRefused("There is no printer: no print server answers at " + path + ".");
     GSocketListener* const listener = g_socket_listener_new();
     ASSERT_TRUE(g_socket_listener_add_address(listener, g_unix_socket_address_new(path.c_str()),
                                               G_SOCKET_TYPE_STREAM, G_SOCKET_PROTOCOL_DEFAULT,
                                               nullptr, nullptr, nullptr));
-    ExpectRefused(workshop, "There is no printer: the print server does not answer.");
+    ExpectRefused("There is no printer: the print server does not answer.");
     g_object_unref(listener);
-    std::filesystem::remove(path);
 }
 
 // What a command says where the printed documents lie, once there is one.
@@ -97,7 +97,7 @@ TEST(Printing, SheetsAndColumnsOnThePaperThatIsSetUp) {
     if (!std::getenv("SYSMAN_TEST_PRINTED")) GTEST_SKIP() << "not under tools/with-print-server";
     const test::Workshop workshop;
     const string job = "c:\\tolvarin\\USER\\PROD\\P10\\TAPE\\";
-    for (int i = 100; i < 200; ++i) workshop.Write(job + "A" + std::to_string(i) + ".TAP", "12345");
+    for (int i = 100; i < 170; ++i) workshop.Write(job + "A" + std::to_string(i) + ".TAP", "12345");
     workshop.Write(job + string(60, 'b') + ".tap", string(1234, 'x'));
     workshop.Write(job + "c \xC4\xD6\xDC.tap", "");  // capital umlauts
     workshop.MakeDir("c:\\tolvarin\\USER\\PROD\\P20\\TAPE");
@@ -105,11 +105,10 @@ TEST(Printing, SheetsAndColumnsOnThePaperThatIsSetUp) {
     const auto expectAll = [&](views::Form&) {
         string told;
         for (const auto& page : printer.pages) {
-            for (const string& line : page) {
-                const auto length = line.find_last_not_of(' ') + 1;
-                if (length > 0) told += text::ToUtf8(line.substr(0, length)) + "\n";
-            }
+            for (const string& line : page) told += text::ToUtf8(line) + "\n";
         }
+        // Blanks at the end of a line and lines without anything are not seen.
+        told = std::regex_replace(told, std::regex("[ \n]*\n"), "\n");
         EXPECT_EQ(Paper("pdfinfo PDF.pdf | grep Pages"), "Pages:           3");
         EXPECT_EQ(Paper("pdftotext -fixed 6 PDF.pdf - | sed -nE \"s/^[[:cntrl:]]? {7}//p\"") + "\n",
                   told);

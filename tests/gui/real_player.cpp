@@ -1,17 +1,9 @@
 #include "tests/gui/real_player.h"
 
 #include <gtest/gtest.h>
-#include <wx/app.h>
-#include <wx/checkbox.h>
-#include <wx/choice.h>
 #include <wx/grid.h>
-#include <wx/msgdlg.h>
-#include <wx/radiobut.h>
-#include <wx/stopwatch.h>
-#include <wx/textctrl.h>
-#include <wx/timer.h>
 #include <wx/uiaction.h>
-#include <wx/utils.h>
+#include <wx/wx.h>
 
 #include <algorithm>
 #include <utility>
@@ -35,35 +27,18 @@ namespace {
 
 using views::wx::Strings, views::wx::ToWx;
 
+// While a list hangs open it cannot be told which one has it.
+bool HasFocus(const wxWindow* real, [[maybe_unused]] bool expected) {
 #ifdef _WIN32
-
-bool HasFocus(const wxWindow* real, bool) {
     return real->IsDescendant(wxWindow::FindFocus());
-}
-
-// It is the platform's own, of which the toolkit knows nothing.
-bool BoxHasFocus() {
-    wchar_t kind[8] = L"";
-    return ::GetClassNameW(::GetForegroundWindow(), kind, 8) > 0 && kind == std::wstring(L"#32770");
-}
-
 #else
-
-// The toolkit loses sight of the focus when a list has hung open, and while one does it cannot be
-// told where it is.
-bool HasFocus(const wxWindow* real, bool expected) {
+    // The toolkit loses sight of the focus when a list has hung open.
     if (gtk_grab_get_current() != nullptr) return expected;
     GtkWidget* widget = real->GetHandle();
     GtkWidget* focus = gtk_window_get_focus(GTK_WINDOW(gtk_widget_get_toplevel(widget)));
     return focus != nullptr && (focus == widget || gtk_widget_is_ancestor(focus, widget));
-}
-
-bool BoxHasFocus() {
-    wxWindow* const top = wxGetTopLevelParent(wxWindow::FindFocus());
-    return dynamic_cast<wxGenericMessageDialog*>(top) != nullptr;
-}
-
 #endif
+}
 
 wxWindow* Top() {
     return wxTopLevelWindows.GetLast()->GetData();
@@ -154,10 +129,19 @@ views::Answer RealPlayer::Show(const views::Message& message) {
     int key = yes ? WXK_RETURN : WXK_ESCAPE, tries = 0;
 #ifdef _WIN32
     if (answer == views::Answer::kNo) key = 'N';  // the platform's question has no Escape
+    const auto hasFocus = [] {
+        const HWND box = ::FindWindowW(L"#32770", nullptr);
+        return box != nullptr && box == ::GetForegroundWindow();
+    };
+#else
+    const auto hasFocus = [] {
+        wxWindow* const top = wxGetTopLevelParent(wxWindow::FindFocus());
+        return dynamic_cast<wxGenericMessageDialog*>(top) != nullptr;
+    };
 #endif
     wxTimer timer;
     timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-        if (BoxHasFocus() && key != 0) wxUIActionSimulator().Char(std::exchange(key, 0));
+        if (hasFocus() && key != 0) wxUIActionSimulator().Char(std::exchange(key, 0));
         // Nothing else ends a box that nobody answers.
         if (++tries > 200) std::fputs("a message box cannot be answered\n", stderr), std::_Exit(1);
     });
@@ -190,10 +174,6 @@ void RealPlayer::Type(views::Form& form, char character) {
     Settle();
 }
 
-void RealPlayer::Click(views::Control& control) {
-    ClickAt([&] { return PlaceOf(control); });
-}
-
 void RealPlayer::Paste(views::Control& control, const std::string& text) {
     dynamic_cast<wxTextEntry&>(*RealOf(control)).SetValue(ToWx(text));
     Settle();
@@ -201,15 +181,16 @@ void RealPlayer::Paste(views::Control& control, const std::string& text) {
 
 // Row 0 and column 0 are the headings.
 void RealPlayer::ClickCell(views::Grid& plain, int row, int column, bool twice) {
-    const auto where = [&] {
-        auto* grid = static_cast<wxGrid*>(RealOf(plain));
-        const wxRect cell = grid->CellToRect(std::max(row - 1, 0), std::max(column - 1, 0));
-        const wxPoint at = grid->CalcScrolledPosition(cell.GetTopLeft()) + wxPoint(8, 8);
-        if (row == 0) return grid->GetGridColLabelWindow()->ClientToScreen(wxPoint(at.x, 8));
-        if (column == 0) return grid->GetGridRowLabelWindow()->ClientToScreen(wxPoint(8, at.y));
-        return grid->GetGridWindow()->ClientToScreen(at);
-    };
-    ClickAt(where, twice);
+    ClickAt(
+        [&] {
+            auto* grid = static_cast<wxGrid*>(RealOf(plain));
+            const wxRect cell = grid->CellToRect(std::max(row - 1, 0), std::max(column - 1, 0));
+            const wxPoint at = grid->CalcScrolledPosition(cell.GetTopLeft()) + wxPoint(8, 8);
+            if (row == 0) return grid->GetGridColLabelWindow()->ClientToScreen(wxPoint(at.x, 8));
+            if (column == 0) return grid->GetGridRowLabelWindow()->ClientToScreen(wxPoint(8, at.y));
+            return grid->GetGridWindow()->ClientToScreen(at);
+        },
+        twice);
 }
 
 std::string RealPlayer::Differences(const views::Form& form) {
@@ -239,12 +220,10 @@ wxWindow* RealOf(const views::Control& control) {
 }
 
 wxPoint PlaceOf(const views::Control& plain) {
-    using Kind = views::Control::Kind;
     const wxWindow* const real = RealOf(plain);
     const wxSize size = real->GetSize();
-    const bool combo = plain.GetKind() == Kind::kComboBox, list = plain.GetKind() == Kind::kListBox;
-    return real->GetScreenPosition() + wxPoint(combo ? size.x - 10 : std::min(size.x / 2, 12),
-                                               list ? real->GetCharHeight() / 2 + 4 : size.y / 2);
+    return real->GetScreenPosition() +
+           wxPoint(size.x - 10, std::min(size.y / 2, real->GetCharHeight() * 3 / 4));
 }
 
 void ClickAt(const std::function<wxPoint()>& where, bool twice,
