@@ -222,8 +222,9 @@ wxWindow* RealOf(const views::Control& control) {
 wxPoint PlaceOf(const views::Control& plain) {
     const wxWindow* const real = RealOf(plain);
     const wxSize size = real->GetSize();
+    const bool list = plain.GetKind() == views::Control::Kind::kListBox;
     return real->GetScreenPosition() +
-           wxPoint(size.x - 10, std::min(size.y / 2, real->GetCharHeight() * 3 / 4));
+           wxPoint(size.x - 10, list ? real->GetCharHeight() / 2 + 4 : size.y / 2);
 }
 
 void ClickAt(const std::function<wxPoint()>& where, bool twice,
