@@ -1,5 +1,5 @@
 // Runs the tests of everything that needs no real window, in the language of whoever starts them:
-// as in the real windows, where the toolkit sets it, no number in a file may follow it.
+// no number in a file may follow it.
 #include <gtest/gtest.h>
 
 #include <clocale>
