@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdlib>
-#include <optional>
 #include <string>
 
 namespace test {
@@ -15,23 +14,19 @@ class Environment {
     }
     ~Environment() { Set(before_); }
     Environment(const Environment&) = delete;
-    Environment& operator=(const Environment&) = delete;
 
   private:
-    void Set(const std::optional<std::string>& value) const {
+    // An empty one goes.
+    void Set(const std::string& value) const {
 #ifdef _WIN32
-        _putenv_s(name_, value.value_or("").c_str());  // an empty one goes
+        _putenv_s(name_, value.c_str());
 #else
-        if (value) {
-            setenv(name_, value->c_str(), 1);
-        } else {
-            unsetenv(name_);
-        }
+        value.empty() ? unsetenv(name_) : setenv(name_, value.c_str(), 1);
 #endif
     }
 
     const char* name_;
-    std::optional<std::string> before_;
+    std::string before_;
 };
 
 }  // namespace test
