@@ -255,8 +255,8 @@ TEST(Check, TheInstallationAndWhatUsesAProcess) {
 /c/tolvarin/USER/PROD/P10/MATERIAL.DAT:8: note: entry 1: MS, Plasma, 10mm
 /d/tolvarin/USER/PROD/J/MATERIAL.DAT:3: note: entry 1: ms, plasma)");
     EXPECT_EQ(inspect::UsesOf(inspect::Named::kMaterialType, "ss304", lists).size(), 2u);
-    for (const char* name : {"process.dat", "mattypes.dat", "material.dat"}) {
-        std::filesystem::remove(workshop.Path(string("c:\\tolvarin\\system\\") + name));
+    for (const char* name : {"system", "network"}) {
+        std::filesystem::remove_all(workshop.Path(string("c:\\tolvarin\\") + name));
     }
     EXPECT_EQ(Told(workshop, inspect::Check({})), R"(
 /c/tolvarin/system/process.dat: error: is not found: there are no processes
