@@ -86,7 +86,7 @@ TEST(Keyboard, LocksTheNumberPadAndDeadKeys) {
         '*' -> row 1: MS | A1- | 7.85; txtEditData "A1-"
         '*' -> at 1 2; txtEditData "7.85"
         F6, '*' -> row 1: MS | A1- | \xE9\xEA; txtEditData "\xE9\xEA"; focus txtEditData
-        no, close -> focus cmdSysMaterial; box Yes/No none "Material Types Save" "<7>Save Changes ?"
+        no, close -> box Yes/No none "Material Types Save" "<7>Save Changes ?"
     )");
 }
 
@@ -119,7 +119,7 @@ TEST(Keyboard, KeysThatTypeNothingAndTheClipboard) {
         '*' -> row 1: MS | abccabcc\xFC | 7.85; marked; txtEditData "abccabcc\xFC"
             -> focus txtEditData
         Ctrl+Z, '*' -> ...
-        no, close -> focus cmdSysMaterial; box Yes/No none "Material Types Save" "<7>Save Changes ?"
+        no, close -> box Yes/No none "Material Types Save" "<7>Save Changes ?"
     )");
 }
 
@@ -137,15 +137,15 @@ TEST(Mouse, ListsAndArrows) {
             -> lstDirectory "p10"; cmdMaterial; cmdDelete; cmdPrint
         click cmdMaterial, click 1 3 -> ...
         focus spinButton, '*' -> row 1: 1 | MS | Plasma | 25; txtSpinText "25"; focus spinButton
-        no, close -> focus cmdMaterial; box Yes/No none "Save Material List file"
+        no, close -> box Yes/No none "Save Material List file"
             -> "<9>Save Changes ?"
         click optDesign, Shift+Tab, Tab, Tab, Tab -> optDesign on; lstDirectory {plates}
             -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus cmdCreate
         click drvList, no, Down, Enter -> focus drvList
             -> box Yes/No "No Nest data on d:\nWould you like to make d: a Nest data drive?"
-        click cmdSysProcess, click cmdAddProcess, 'neu', click cboCopy, Up, Enter -> "Add Process"
-            -> txtNewProcessName "neu"; cboCopy {Plasma; Oxy Fuel; None}; cboCopy "Oxy Fuel"
-            -> focus cboCopy
+        click cmdSysProcess, click cmdAddProcess, 'neu', click cboCopy, Up, Enter -> "Add Process";
+            -> frmAddProcess; txtNewProcessName 40x0; txtNewProcessName "neu"; cboCopy 40x0;
+            -> cboCopy {Plasma; Oxy Fuel; None}; cboCopy "Oxy Fuel"; focus cboCopy
         Esc, Esc, click cmdSysDefaults -> ...
         click cboEditDataType, Down, Enter -> row 1: 1 | SS304 | Plasma | -; cboEditDataType "SS304"
             -> focus cboEditDataType
