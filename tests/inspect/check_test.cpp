@@ -182,10 +182,10 @@ TEST(Check, MaterialLists) {
     [Mat1]|Type=MS|Process=P|Thickness=25mm|[Mat2]|Type=ms|Process=p|Thickness=25.1|[Mat3]|Type=ms ->
         -> 8 warning 25.1 mm is outside the -1 to 25 mm of p: it is pulled inside when the list is
         -> opened; 9 warning the entry names no process
-    [Mat1]|Type=SS|Process=P|Thickness=-1|[Mat2]|Type=XX|Process=Q|[Mat3]|Type=SS|Process=p|Thickness=-1mm ->
+    [Mat1]|Type=SS|Process=P|Thickness=-1|[Mat2]|Type=XX|Process=Q|Thickness=99|[Mat3]|Type=SS|Process=p|Thickness=-1mm ->
         -> 6 warning there is no material type XX: nothing can be cut from this entry;
         -> 7 warning there is no process Q: nothing can be cut with this entry;
-        -> 8 note entry 3 is the same as entry 1
+        -> 9 note entry 3 is the same as entry 1
     [Mat1]|Type=SS|Process=P|Thickness=1,5mm|Width=3|[Mat3]|Type=SS -> 4 warning Thickness=1,5mm
         -> reads as 1: decimals stand behind a point; 5 note Width is not read here, and the next
         -> save leaves it out; 6 warning [Mat3] is not used: nothing lists it, and the next save

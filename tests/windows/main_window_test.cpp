@@ -51,8 +51,9 @@ TEST(MainWindow, ListsTheDirectoriesOfTheDriveThatIsChosen) {
         -> focus lstDirectory; box again
     Esc -> c:\tolvarin\network\user1\nestuser.ini -CurrentSysManDrive=d:; +CurrentSysManDrive=c:;
         -> ended 0
-    remove c:, remove d: -> box critical "There is no drive. Drives are the entries a to z of the
-        -> folder <drives>."; ended 1
+    no, remove c: -> box again; box critical "c: there is no such drive"; ended 1
+    remove d: -> box critical "There is no drive. Drives are the entries a to z of the folder
+        -> <drives>."; ended 1
     )#");
 }
 
@@ -80,17 +81,18 @@ TEST(MainWindow, StartsAsItIsConfigured) {
 
 TEST(MainWindow, DeletesADirectoryAfterTwoQuestions) {
     Play(R"#(
-    write c:\tolvarin\USER\PROD\P10\TAPE\a.tap 'x', click cmdDelete, click optProduction,
-    choose lstDirectory p10, no, click cmdDelete -> optProduction on; lstDirectory {p10};
-        -> lstDirectory "p10"; cmdMaterial; cmdDelete; cmdPrint; focus cmdDelete;
-        -> box Yes/No question "Are you sure you want to delete the p10 directory?"
+    write c:\tolvarin\USER\PROD\OTHER\x 'x', write c:\tolvarin\USER\PROD\P10\TAPE\a.tap 'x',
+    click cmdDelete, click optProduction, choose lstDirectory p10, no, click cmdDelete ->
+        -> optProduction on; lstDirectory {other; p10}; lstDirectory "p10"; cmdMaterial; cmdDelete;
+        -> cmdPrint; focus cmdDelete; box Yes/No question "Are you sure you want to delete the p10
+        -> directory?"
     yes, no, click cmdDelete -> box again; box Yes/No question "Are you REALLY sure you want to
         -> delete the p10 directory?\n(This is pretty serious!)"
-    yes, yes, click cmdDelete -> lstDirectory {}; lstDirectory ""; (cmdMaterial); (cmdDelete);
+    yes, yes, click cmdDelete -> lstDirectory {other}; lstDirectory ""; (cmdMaterial); (cmdDelete);
         -> (cmdPrint); focus cmdBackup; box again; box again; c:\tolvarin\USER\PROD\P10 gone
     write c:\tolvarin\USER\PROD\P10\TAPE\a 'x', write c:\tolvarin\USER\PROD\P10\NEST\a 'x',
     write c:\tolvarin\USER\PROD\P10\COMP\nested\a 'x', protect c:\tolvarin\USER\PROD\P10\TAPE\a,
-    click optDesign, click optProduction, choose lstDirectory p10 -> lstDirectory {p10};
+    click optDesign, click optProduction, choose lstDirectory p10 -> lstDirectory {other; p10};
         -> lstDirectory "p10"; cmdMaterial; cmdDelete; cmdPrint; focus lstDirectory
     yes, yes, click cmdDelete -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint);
         -> focus cmdBackup; box again; box again; c:\tolvarin\USER\PROD\P10\NEST gone
