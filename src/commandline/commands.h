@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <iosfwd>
 #include <string>
 
 namespace CLI {
@@ -16,7 +17,12 @@ inline constexpr int kNothingFound = 0, kSomethingFound = 1, kNotDone = 2;
 
 using Run = std::function<int()>;
 
-void AddInspection(CLI::App& app, Run& run);  // check, uses
+// What they have to say goes to `out`, in UTF-8.
+void AddInspection(CLI::App& app, Run& run, std::ostream& out);  // check, uses
+
+// The whole program: reads the command line, finds the installation as the System Manager does and
+// runs the command. Returns the exit status; never throws.
+int Main(int argc, const char* const* argv, std::ostream& out, std::ostream& errors);
 
 // What was given on the command line, in the system's character set. Throws errors::Error for what
 // the set lacks.

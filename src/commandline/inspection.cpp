@@ -1,7 +1,7 @@
 // check and uses.
 #include <CLI/CLI.hpp>
-#include <iostream>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -12,8 +12,8 @@
 namespace commandline {
 namespace {
 
-int Tell(const inspect::Findings& findings) {
-    for (const auto& finding : findings) std::cout << inspect::Sentence(finding) << '\n';
+int Tell(std::ostream& out, const inspect::Findings& findings) {
+    for (const auto& finding : findings) out << inspect::Sentence(finding) << '\n';
     return findings.empty() ? kNothingFound : kSomethingFound;
 }
 
@@ -24,7 +24,7 @@ struct Options {
 
 }  // namespace
 
-void AddInspection(CLI::App& app, Run& run) {
+void AddInspection(CLI::App& app, Run& run, std::ostream& out) {
     const auto options = std::make_shared<Options>();
     const auto add = [&](CLI::App& to, const char* name, const char* help, const Run& action) {
         CLI::App* command = to.add_subcommand(name, help);
@@ -37,13 +37,15 @@ void AddInspection(CLI::App& app, Run& run) {
         return command;
     };
     add(app, "check", "Tells what is wrong or doubtful: path:line: error, warning or note: text",
-        [options] { return Tell(inspect::Check(inspect::DataDrives(options->drives))); });
+        [options, &out] {
+            return Tell(out, inspect::Check(inspect::DataDrives(options->drives)));
+        });
 
     CLI::App* uses = app.add_subcommand("uses", "Tells which material lists name something");
     uses->require_subcommand(1);
-    const auto tellUses = [options](inspect::Named what) {
+    const auto tellUses = [options, &out](inspect::Named what) {
         const auto lists = inspect::MaterialLists(inspect::DataDrives(options->drives));
-        return Tell(inspect::UsesOf(what, Given(options->name), lists));
+        return Tell(out, inspect::UsesOf(what, Given(options->name), lists));
     };
     add(*uses, "process", "A process", [=] { return tellUses(inspect::Named::kProcess); })
         ->add_option("NAME", options->name, "Its name, in any case")

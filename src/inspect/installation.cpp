@@ -115,7 +115,7 @@ std::vector<string> DataDrives(const std::vector<string>& named) {
     }
     // One that was named is a failure where it is not there.
     std::erase_if(drives, [&](const string& drive) {
-        if (!named.empty()) platform::Resolve(drive + "\\");
+        if (!named.empty()) platform::Resolve(drive);
         return !directories::HasNestData(drive);
     });
     return drives;

@@ -5,13 +5,8 @@
 #include <regex>
 #include <sstream>
 
-#include "app/system_config.h"
-#include "errors/errors.h"
 #include "inspect/check_files.h"
-#include "inspect/installation.h"
-#include "inspect/uses.h"
-#include "platform/drives.h"
-#include "tests/support/workshop.h"
+#include "tests/support/script.h"
 
 namespace {
 
@@ -205,63 +200,6 @@ TEST(Check, MaterialLists) {
              inspect::CheckMaterialList("c:\\l", bytes, materiallist::kExistingDirectory, tables,
                                         findings);
          });
-}
-
-// Sentences of the whole, the folder of the drives left out.
-string Told(const test::TempDrives& drives, const Findings& findings) {
-    string told;
-    for (const auto& finding : findings) {
-        told += "\n" + inspect::Sentence(finding).substr(drives.Folder().u8string().size());
-    }
-    std::replace(told.begin(), told.end(), '\\', '/');
-    return told;
-}
-
-TEST(Check, TheInstallationAndWhatUsesAProcess) {
-    const test::Workshop workshop;
-    app::TheConfig().NestHomeDrive = "c:";
-    app::TheConfig().NestRootDir = "\\tolvarin";
-    workshop.Write("c:\\tolvarin\\USER\\PROD\\NOTES.TXT", "");
-    workshop.Write("c:\\tolvarin\\USER\\PROD\\JOB\\OLD\\A.TAP", "");
-    workshop.Write("c:\\tolvarin\\USER\\PROD\\JOB\\a\xFC.txt", "");
-    workshop.Write("d:\\tolvarin\\USER\\PROD\\J\\MATERIAL.DAT",
-                   "[Mat1]\nType=ms\nProcess=plasma\n");
-    for (const char* folder : {"COMP", "GROUP", "NEST", "TAPE"}) {
-        workshop.MakeDir(string("d:\\tolvarin\\USER\\PROD\\J\\") + folder);
-    }
-    workshop.Write("c:\\tolvarin\\network\\user1\\nestuser.ini",
-                   "[Nest]\nPrePiercingThickness=2,5\nNestCheck=on\n");
-    app::TheConfig().UserNumber = "1";
-    const auto drives = inspect::DataDrives({});
-    EXPECT_EQ(drives, (std::vector<string>{"c:", "d:"}));
-    EXPECT_EQ(inspect::DataDrives({"D"}), std::vector<string>{"d:"});
-    EXPECT_THROW(inspect::DataDrives({"q"}), errors::FileError);
-    EXPECT_EQ(Told(workshop, inspect::Check(drives)), R"(
-/c/tolvarin/system/process.dat:28: note: Leadout=Arc is kept by a save only where the process window has shown this process before
-/c/tolvarin/network/user1/nestuser.ini:2: warning: PrePiercingThickness=2,5 reads as 2: decimals stand behind a point
-/c/tolvarin/network/user1/nestuser.ini:3: warning: NestCheck=on reads as 0: it does not begin with a number
-/c/tolvarin/USER/PROD/NOTES.TXT: warning: is a file among directories: it is listed like one
-/c/tolvarin/USER/PROD/JOB: warning: has no folder COMP
-/c/tolvarin/USER/PROD/JOB: warning: has no folder GROUP
-/c/tolvarin/USER/PROD/JOB: warning: has no folder NEST
-/c/tolvarin/USER/PROD/JOB: warning: has no folder TAPE
-/c/tolvarin/USER/PROD/JOB: note: holds the folder OLD, which keeps it from being deleted
-/c/tolvarin/USER/PROD/JOB: note: holds the stray file aü.txt, which a deletion takes along
-/c/tolvarin/USER/PROD/JOB: warning: has no material list, so Material... cannot open one
-/c/tolvarin/USER/PROD/P10/MATERIAL.DAT:12: warning: 12.5 mm is outside the 0 to 0 mm of Oxy Fuel: it is pulled inside when the list is opened)");
-    const auto lists = inspect::MaterialLists(drives);
-    EXPECT_EQ(Told(workshop, inspect::UsesOf(inspect::Named::kProcess, "PLASMA ", lists)), R"(
-/c/tolvarin/system/material.dat:8: note: entry 1: MS, Plasma
-/c/tolvarin/USER/PROD/P10/MATERIAL.DAT:8: note: entry 1: MS, Plasma, 10mm
-/d/tolvarin/USER/PROD/J/MATERIAL.DAT:3: note: entry 1: ms, plasma)");
-    EXPECT_EQ(inspect::UsesOf(inspect::Named::kMaterialType, "ss304", lists).size(), 2u);
-    for (const char* name : {"system", "network"}) {
-        std::filesystem::remove_all(workshop.Path(string("c:\\tolvarin\\") + name));
-    }
-    EXPECT_EQ(Told(workshop, inspect::Check({})), R"(
-/c/tolvarin/system/process.dat: error: is not found: there are no processes
-/c/tolvarin/system/mattypes.dat: error: is not found: there are no material types
-/c/tolvarin/system/material.dat: error: is not found: no production directory can be made)");
 }
 
 }  // namespace

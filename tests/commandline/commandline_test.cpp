@@ -1,0 +1,87 @@
+// quarvel-data from its command line: what it says of an installation, and its exit status.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <regex>
+#include <sstream>
+
+#include "commandline/commands.h"
+#include "tests/support/workshop.h"
+
+namespace {
+
+using std::string;
+
+class CommandLine : public ::testing::Test {
+  protected:
+    // The exit status and what is said, the folder of the drives left out.
+    string Run(std::vector<const char*> words) {
+        words.insert(words.begin(), "quarvel-data");
+        std::ostringstream said;
+        const int status =
+            commandline::Main(static_cast<int>(words.size()), words.data(), said, said);
+        const auto folder = workshop.Folder().u8string();
+        string text = std::to_string(status) + "\n" + said.str();
+        for (auto at = text.find(string(folder.begin(), folder.end())); at != text.npos;
+             at = text.find(string(folder.begin(), folder.end()))) {
+            text.erase(at, folder.size());
+        }
+        std::replace(text.begin(), text.end(), '\\', '/');
+        return text;
+    }
+    const test::Workshop workshop;
+};
+
+TEST_F(CommandLine, LooksOverTheInstallation) {
+    workshop.Write("c:\\tolvarin\\USER\\PROD\\NOTES.TXT", "");
+    workshop.Write("c:\\tolvarin\\USER\\PROD\\JOB\\OLD\\A.TAP", "");
+    workshop.Write("c:\\tolvarin\\USER\\PROD\\JOB\\a\xFC.txt", "");
+    workshop.Write("d:\\tolvarin\\USER\\PROD\\J\\MATERIAL.DAT",
+                   "[Mat1]\nType=ms\nProcess=plasma\n");
+    for (const char* folder : {"COMP", "GROUP", "NEST", "TAPE"}) {
+        workshop.MakeDir(string("d:\\tolvarin\\USER\\PROD\\J\\") + folder);
+    }
+    workshop.Write("c:\\tolvarin\\network\\user1\\nestuser.ini",
+                   "[Nest]\nPrePiercingThickness=2,5\nNestCheck=on\n");
+    EXPECT_EQ(Run({"check"}),
+              R"(1
+/c/tolvarin/system/process.dat:28: note: Leadout=Arc is kept by a save only where the process window has shown this process before
+/c/tolvarin/network/user1/nestuser.ini:2: warning: PrePiercingThickness=2,5 reads as 2: decimals stand behind a point
+/c/tolvarin/network/user1/nestuser.ini:3: warning: NestCheck=on reads as 0: it does not begin with a number
+/c/tolvarin/USER/PROD/NOTES.TXT: warning: is a file among directories: it is listed like one
+/c/tolvarin/USER/PROD/JOB: warning: has no folder COMP
+/c/tolvarin/USER/PROD/JOB: warning: has no folder GROUP
+/c/tolvarin/USER/PROD/JOB: warning: has no folder NEST
+/c/tolvarin/USER/PROD/JOB: warning: has no folder TAPE
+/c/tolvarin/USER/PROD/JOB: note: holds the folder OLD, which keeps it from being deleted
+/c/tolvarin/USER/PROD/JOB: note: holds the stray file aü.txt, which a deletion takes along
+/c/tolvarin/USER/PROD/JOB: warning: has no material list, so Material... cannot open one
+/c/tolvarin/USER/PROD/P10/MATERIAL.DAT:12: warning: 12.5 mm is outside the 0 to 0 mm of Oxy Fuel: it is pulled inside when the list is opened
+)");
+    EXPECT_EQ(Run({"uses", "process", "PLASMA "}),
+              R"(1
+/c/tolvarin/system/material.dat:8: note: entry 1: MS, Plasma
+/c/tolvarin/USER/PROD/P10/MATERIAL.DAT:8: note: entry 1: MS, Plasma, 10mm
+/d/tolvarin/USER/PROD/J/MATERIAL.DAT:3: note: entry 1: ms, plasma
+)");
+    EXPECT_EQ(Run({"uses", "material", "--drive", "d", "ss304"}), R"(1
+/c/tolvarin/system/material.dat:11: note: entry 2: SS304, Oxy Fuel
+)");
+    EXPECT_EQ(Run({"uses", "process", "Laser"}), "0\n");
+    EXPECT_EQ(Run({"check", "--drive", "q"}), "2\nquarvel-data: q: there is no such drive\n");
+    EXPECT_EQ(Run({"uses", "process", "\xCE\xA9"}),
+              "2\nquarvel-data: What was given has a character that the data cannot hold\n");
+    EXPECT_EQ(Run({"--help"})[0], '0');
+    EXPECT_EQ(Run({"chek"})[0], '2');
+    for (const char* name : {"system", "network", "USER"}) {
+        std::filesystem::remove_all(workshop.Path(string("c:\\tolvarin\\") + name));
+    }
+    EXPECT_EQ(Run({"check"}),
+              R"(1
+/c/tolvarin/system/process.dat: error: is not found: there are no processes
+/c/tolvarin/system/mattypes.dat: error: is not found: there are no material types
+/c/tolvarin/system/material.dat: error: is not found: no production directory can be made
+)");
+}
+
+}  // namespace
