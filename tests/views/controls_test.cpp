@@ -16,19 +16,6 @@ namespace {
 using namespace views;
 using std::string;
 
-// What the real window and its controls are told.
-struct Shown : Peer, FormPeer {
-    void ShowCaption() override { log += " caption"; }
-    void Close() override { log += " close"; }
-    void Show(Aspect changed) override {
-        constexpr const char* kAspects[] = {"enabled", "visible", "focus", "text",  "selection",
-                                            "value",   "items",   "index", "cells", "shape",
-                                            "cell",    "mark",    "top"};
-        log.append(" ").append(kAspects[static_cast<int>(changed)]);
-    }
-    string log;
-};
-
 // A dialog that notes in order where the focus leaves (-txt) and comes (txt), what is clicked or
 // chosen (ok!) and what a text becomes (=a).
 class Controls : public ::testing::Test, public Form {
@@ -158,31 +145,6 @@ TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
     for (const char* none : {"d:", "x:", ""}) EXPECT_THROW(drv.SetDrive(none), errors::FileError);
     const Label unplaced(*this, "lblUnplaced", "");
     EXPECT_THROW(Open(), std::logic_error);
-}
-
-TEST_F(Controls, ShowEveryChange) {
-    Shown shown;
-    for (Control* control : Form::Controls()) control->SetPeer(&shown);
-    SetPeer(&shown);
-    const Cases cases = {
-        {[&] { Activate(), Activate(), SetCaption("x"); }, " focus focus caption"},
-        {[&] { ok.SetEnabled(false), ok.SetEnabled(false), ok.SetCaption("x"); }, " enabled text"},
-        {[&] { ok.SetVisible(false), ok.SetVisible(false), txt.CutTo(9); }, " visible"},
-        {[&] { txt.SetText("ab"), txt.Insert('x'), txt.CutTo(2); }, " text text text selection"},
-        {[&] { chk.SetValue(true), chk.SetValue(true), chk.Toggle(); }, " value value"},
-        {[&] { A.SetValue(true), B.SetValue(true), B.SetValue(true); }, " value value value"},
-        {[&] { list.AddItem("a"), list.SetListIndex(0), list.Clear(); }, " items index items"},
-        {[&] { Fill(list, "ab"), list.SetListIndex(0); }, " items items index"},
-        {[&] { list.RemoveItem(1), list.RemoveItem(0), lst.RemoveItem(-1); }, " items items text"},
-        {[&] { drv.SetDrive("d:"), drives.MakeDir("e:\\"), drv.Refresh(); }, " index items"},
-        {[&] { drv.SetFocus(), drv.Choose(0); }, " focus index"},
-        {[&] { grid.SetShape(3, 3, 1, 1), grid.SetCell(2, 2); }, " shape mark cell mark cell"},
-        {[&] { grid.SetRowHeight(1, 9), grid.SetColumnWidth(1, 9); }, " shape shape"},
-        {[&] { grid.SetNumberColumn(1), grid.AddRow({}); }, " shape shape"},
-        {[&] { grid.RemoveRow(3), grid.SetText(1, 1, ""); }, " shape cells"},
-        {[&] { grid.SetTopRow(1), grid.SetHighlight(true); }, " top mark"},
-        {[&] { Dismiss(), Open(), Close(), Close(); }, " close close"}};
-    Expect(shown.log, cases);
 }
 
 }  // namespace
