@@ -27,6 +27,7 @@ class DataFile {
     std::string Value(std::string_view section, std::string_view key) const;
     // Of the key; of its section where that has no such key; 0 where there is neither.
     std::size_t LineOf(std::string_view section, std::string_view key = {}) const;
+    std::size_t LineAt(std::size_t offset) const;
     bool HasSection(std::string_view section) const;
     bool HasKey(std::string_view section, std::string_view key) const {
         return profile_.Find(section, key).has_value();
@@ -62,7 +63,6 @@ class DataFile {
     std::set<std::string> used_;         // sections in capitals
     Findings& findings_;
 
-    std::size_t LineAt(std::size_t offset) const;
     void CheckBytes() const;
 
   public:
