@@ -12,30 +12,32 @@ namespace {
 
 using std::string;
 
+// The names of a table by what a look-up makes of them, for lists of many entries.
+using Places = std::map<string, std::size_t>;
+
 template <typename Names>
-int PlaceOf(const Names& names, int count, const string& name) {
-    for (int i = 0; i < count; ++i) {
-        if (Comparable(names[static_cast<std::size_t>(i)]) == Comparable(name)) return i;
+Places PlacesOf(const Names& names, int count) {
+    Places places;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+        places.try_emplace(Comparable(names[i]), i);
     }
-    return -1;
+    return places;
 }
 
 // One entry, and what it is tied to.
 void CheckEntry(DataFile& file, const string& section, materiallist::ListSource source,
-                const Tables& tables) {
+                const Tables& tables, const Places& types, const Places& processes) {
     const string type = file.Value(section, "Type"), process = file.Value(section, "Process");
     file.CheckWidth(file.LineOf(section, "Type"), type,
                     decltype(materiallist::MaterialListEntry::MaterialType)::kWidth);
     file.CheckWidth(file.LineOf(section, "Process"), process,
                     decltype(materiallist::MaterialListEntry::ProcessName)::kWidth);
-    const auto& types = tables.types;
-    if (tables.hasTypes && PlaceOf(types.Codes, types.Count, type) < 0) {
+    if (tables.hasTypes && !types.contains(Comparable(type))) {
         file.Report(Severity::kWarning, file.LineOf(section, "Type"),
                     "there is no material type " + type + ": nothing can be cut from this entry");
     }
-    const auto& processes = tables.processes;
-    const int number = PlaceOf(processes.ProcessNames, processes.ProcessCount, process);
-    if (tables.hasProcesses && number < 0) {
+    const auto number = processes.find(Comparable(process));
+    if (tables.hasProcesses && number == processes.end()) {
         file.Report(Severity::kWarning, file.LineOf(section, "Process"),
                     process.empty() ? "the entry names no process"
                                     : "there is no process " + process +
@@ -43,10 +45,11 @@ void CheckEntry(DataFile& file, const string& section, materiallist::ListSource 
     }
     if (source == materiallist::kSystemDefaults) return;  // without thicknesses
     file.CheckNumber(section, "Thickness");
-    if (number < 0 || !tables.hasProcesses) return;
-    const auto at = static_cast<std::size_t>(number);
+    if (number == processes.end() || !tables.hasProcesses) return;
+    const std::size_t at = number->second;
     const float thickness = text::ToSingle(file.Value(section, "Thickness"));
-    const float least = processes.ProcessThicknessMin[at], most = processes.ProcessThicknessMax[at];
+    const float least = tables.processes.ProcessThicknessMin[at],
+                most = tables.processes.ProcessThicknessMax[at];
     if (thickness < least || thickness > most) {
         file.Report(Severity::kWarning, file.LineOf(section, "Thickness"),
                     text::NumberText(thickness) + " mm is outside the " + text::NumberText(least) +
@@ -72,9 +75,11 @@ void CheckMaterialList(const string& path, const string& bytes, materiallist::Li
         file.Report(Severity::kNote, file.LineOf(name(kMost)),
                     "one entry more, and the list cannot be opened again");
     }
+    const Places types = PlacesOf(tables.types.Codes, tables.types.Count),
+                 processes = PlacesOf(tables.processes.ProcessNames, tables.processes.ProcessCount);
     std::map<std::tuple<string, string, float>, int> seen;
     for (int n = 1; n <= count; ++n) {
-        CheckEntry(file, name(n), source, tables);
+        CheckEntry(file, name(n), source, tables, types, processes);
         const auto [same, first] = seen.try_emplace(
             {Comparable(file.Value(name(n), "Type")), Comparable(file.Value(name(n), "Process")),
              text::ToSingle(file.Value(name(n), "Thickness"))},

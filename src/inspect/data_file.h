@@ -13,6 +13,14 @@
 
 namespace inspect {
 
+// The lines of a file, counted from 1.
+struct Lines {
+    std::vector<std::size_t> ends;  // offsets
+
+    explicit Lines(std::string_view bytes);
+    std::size_t At(std::size_t offset) const;
+};
+
 class DataFile {
   public:
     // Looks at once for what no format has: sections and keys that stand behind another of their
@@ -27,7 +35,6 @@ class DataFile {
     std::string Value(std::string_view section, std::string_view key) const;
     // Of the key; of its section where that has no such key; 0 where there is neither.
     std::size_t LineOf(std::string_view section, std::string_view key = {}) const;
-    std::size_t LineAt(std::size_t offset) const;
     bool HasSection(std::string_view section) const;
     bool HasKey(std::string_view section, std::string_view key) const {
         return profile_.Find(section, key).has_value();
@@ -59,8 +66,8 @@ class DataFile {
     std::string path_;
     profile::Profile profile_;
     std::vector<profile::Item> items_;
-    std::vector<std::size_t> lineEnds_;  // offsets
-    std::set<std::string> used_;         // sections in capitals
+    Lines lines_;
+    std::set<std::string> used_;  // sections in capitals
     Findings& findings_;
 
     void CheckBytes() const;

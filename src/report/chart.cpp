@@ -14,7 +14,7 @@ using std::string;
 constexpr double kWidth = 400, kHeight = 270, kLeft = 62, kRight = 386, kTop = 36, kBottom = 218;
 
 string Shown(double value) {
-    return text::ShownNumber(static_cast<float>(value));
+    return text::ShownNumber(text::ToSingle(value));
 }
 
 class Drawing {

@@ -203,7 +203,7 @@ class ClosedContour {
     void DrawLengths() {
         const auto corner = [&](const Lead& lead, double length, int angle, const char* style) {
             if (lead.type == LeadType::kNone) return;
-            Words shown = text::ShownNumber(static_cast<float>(length)) + " mm";
+            Words shown = text::ShownNumber(text::ToSingle(length)) + " mm";
             if (lead.type == LeadType::kLine) {
                 shown += u8", " + Words(text::NumberText(angle)) + u8"°";
             }

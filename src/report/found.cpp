@@ -73,32 +73,34 @@ void PutMarks(Html& html, const Found& found, const std::string& id) {
     }
 }
 
-FilePlaces::FilePlaces(const inspect::DataFile& file, Place whole)
-    : file_(file), whole_(std::move(whole)) {
-    for (const profile::Item& item : file.Profile().Items()) {
-        if (!item.key) {
-            sectionLines_[file.LineAt(item.offset)] = inspect::Comparable(item.section);
-        }
+FilePlaces::FilePlaces(const profile::Profile& file, Place whole)
+    : file_(file), fileLines_(file.Bytes()), whole_(std::move(whole)) {
+    for (const profile::Item& item : file.Items()) {
+        if (!item.key) sectionLines_.emplace_back(fileLines_.At(item.offset), item.section);
     }
 }
 
 void FilePlaces::PutKey(std::string_view section, std::string_view key, const Place& place) {
-    if (file_.HasKey(section, key)) lines_.try_emplace(file_.LineOf(section, key), place);
+    if (const auto value = file_.PlaceOf(section, key)) {
+        lines_.try_emplace(fileLines_.At(value->offset), place);
+    }
 }
 
 void FilePlaces::PutSection(std::string_view section, const Place& place) {
     sections_.try_emplace(inspect::Comparable(section), place);
 }
 
-void FilePlaces::PutAll(Found& found) const {
-    for (const std::size_t n : found.In(file_.Path())) found.Put(n, At(found[n].line));
+void FilePlaces::PutAll(const std::string& path, Found& found) const {
+    for (const std::size_t n : found.In(path)) found.Put(n, At(found[n].line));
 }
 
 const Place& FilePlaces::At(std::size_t line) const {
     if (const auto at = lines_.find(line); at != lines_.end()) return at->second;
-    auto section = sectionLines_.upper_bound(line);
+    auto section = std::upper_bound(
+        sectionLines_.begin(), sectionLines_.end(), line,
+        [](std::size_t wanted, const auto& begin) { return wanted < begin.first; });
     if (section == sectionLines_.begin()) return whole_;
-    const auto place = sections_.find((--section)->second);
+    const auto place = sections_.find(inspect::Comparable((--section)->second));
     return place == sections_.end() ? whole_ : place->second;
 }
 

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "inspect/data_file.h"
@@ -53,21 +54,23 @@ const char8_t* ShapeOf(inspect::Severity severity);
 // Where the lines of a data file stand on the page.
 class FilePlaces {
   public:
-    FilePlaces(const inspect::DataFile& file, Place whole);
+    FilePlaces(const profile::Profile& file, Place whole);
 
     // A key at its line, and all lines of a section that are none of such keys.
     void PutKey(std::string_view section, std::string_view key, const Place& place);
     void PutSection(std::string_view section, const Place& place);
     // Puts everything found in the file where its line stands.
-    void PutAll(Found& found) const;
+    void PutAll(const std::string& path, Found& found) const;
 
   private:
     const Place& At(std::size_t line) const;
 
-    const inspect::DataFile& file_;
+    const profile::Profile& file_;
+    inspect::Lines fileLines_;
     Place whole_;
     std::map<std::size_t, Place> lines_;
-    std::map<std::size_t, std::string> sectionLines_;  // where each begins, repeated ones, too
+    // Where each begins, repeated ones, too.
+    std::vector<std::pair<std::size_t, std::string_view>> sectionLines_;
     std::map<std::string, Place> sections_;
 };
 

@@ -32,26 +32,29 @@ struct Group {
 std::vector<Group> GroupsOf(MaterialListTable& table) {
     std::vector<Group> groups;
     std::map<std::pair<string, string>, std::size_t> places;
+    std::size_t place = 0;
     for (int i = 1; i <= table.EntryCount; ++i) {
         const auto& entry = table.Entry(i);
-        const std::pair names{Cleaned(entry.MaterialType), Cleaned(entry.ProcessName)};
-        const auto [place, isNew] = places.try_emplace(names, groups.size());
-        if (isNew) groups.push_back({names.first, names.second, {}});
-        groups[place->second].entries.push_back(i);
+        // Mostly it is that of the entry before.
+        if (i == 1 || table.Entry(i - 1).MaterialType != entry.MaterialType ||
+            table.Entry(i - 1).ProcessName != entry.ProcessName) {
+            const std::pair names{Cleaned(entry.MaterialType), Cleaned(entry.ProcessName)};
+            place = places.try_emplace(names, groups.size()).first->second;
+            if (place == groups.size()) groups.push_back({names.first, names.second, {}});
+        }
+        groups[place].entries.push_back(i);
     }
     return groups;
 }
 
-void PlaceEntries(const string& path, const string& bytes, MaterialListTable& table,
+void PlaceEntries(const string& path, const profile::Profile& file, const MaterialListTable& table,
                   const Place& place, Found& found) {
-    inspect::Findings known;
-    const inspect::DataFile file(path, bytes, known);
     FilePlaces places(file, place);
     for (int i = 1; i <= table.EntryCount; ++i) {
         places.PutSection(profile::Numbered("Mat", i),
                           {EntryAnchor(place.id, i), place.name + ", entry " + std::to_string(i)});
     }
-    places.PutAll(found);
+    places.PutAll(path, found);
 }
 
 // The name, linked to where it stands on the page.
@@ -63,14 +66,13 @@ void PutName(Html& html, const std::map<string, string>& anchors, const string& 
 
 class ListTable {
   public:
-    ListTable(Html& html, const Place& place, const Names& names, const Found& found)
-        : html_(html), place_(place), names_(names), found_(found) {}
+    ListTable(Html& html, const string& path, const Place& place, const Names& names,
+              const Found& found)
+        : html_(html), place_(place), names_(names), found_(found), none_(found.In(path).empty()) {}
 
     void Put(MaterialListTable& table, bool thicknesses) {
         bool last = thicknesses;
-        for (int i = 1; i <= table.EntryCount; ++i) {
-            last = last || !found_.At(EntryAnchor(place_.id, i)).empty();
-        }
+        for (int i = 1; i <= table.EntryCount; ++i) last = last || HasMarks(i);
         const auto element = html_.In("table", {{"class", "list"}});
         html_.Put("caption", {{"class", "unseen"}}, "Material list of " + place_.name);
         {
@@ -103,10 +105,13 @@ class ListTable {
     }
 
   private:
+    bool HasMarks(int entry) const {
+        return !none_ && !found_.At(EntryAnchor(place_.id, entry)).empty();
+    }
     // With an anchor only where a finding leads to it.
     void PutEntry(int entry, const string& thickness) {
+        if (!HasMarks(entry)) return html_.Text(thickness);
         const string id = EntryAnchor(place_.id, entry);
-        if (found_.At(id).empty()) return html_.Text(thickness);
         const auto span = html_.In("span", {{"id", id}, {"class", "found"}});
         html_.Text(thickness);
         PutMarks(html_, found_, id);
@@ -116,6 +121,7 @@ class ListTable {
     const Place& place_;
     const Names& names_;
     const Found& found_;
+    bool none_;  // of the list
 };
 
 // Why a list cannot be shown; nothing, with the table filled, where it can.
@@ -128,7 +134,7 @@ std::optional<string> Read(const inspect::ListFile& list, const Place& place,
         const auto result = ReadMaterialList(file, table);
         if (result == profile::ReadResult::kTooBig) table.EntryCount = 0;
         // Of most lists there is nothing to say.
-        if (!found.In(list.path).empty()) PlaceEntries(list.path, *bytes, table, place, found);
+        if (!found.In(list.path).empty()) PlaceEntries(list.path, file, table, place, found);
         if (result == profile::ReadResult::kTooBig) {
             return "The list has more than " +
                    std::to_string(materiallist::MaxMaterialListEntries - 1) +
@@ -162,8 +168,7 @@ Names::Names(const materialtypes::MaterialTypeTable& typeTable,
 
 void PlaceTypes(const string& path, const string& bytes, materialtypes::MaterialTypeTable& table,
                 Found& found) {
-    inspect::Findings known;
-    const inspect::DataFile file(path, bytes, known);
+    const profile::Profile file(bytes);
     FilePlaces places(file, {"types", "Material types"});
     for (int n = 1; n <= table.Count; ++n) {
         const auto& record = table.Record(n);
@@ -171,7 +176,7 @@ void PlaceTypes(const string& path, const string& bytes, materialtypes::Material
         places.PutKey("Materials", profile::Numbered("Mat", n), place);
         places.PutSection(text::UntilNul(record.Code.View()), place);
     }
-    places.PutAll(found);
+    places.PutAll(path, found);
 }
 
 void PutTypes(Html& html, materialtypes::MaterialTypeTable& table, const Found& found) {
@@ -209,7 +214,7 @@ void PutList(Html& html, const inspect::ListFile& list, const Place& place, cons
     if (failure) {
         html.Put("p", {{"class", "failure"}}, *failure);
     } else {
-        ListTable(html, place, names, found)
+        ListTable(html, list.path, place, names, found)
             .Put(table, list.source != materiallist::kSystemDefaults);
     }
 }

@@ -1,6 +1,7 @@
 #include "report/overview.h"
 
 #include <algorithm>
+#include <string>
 
 #include "report/process_section.h"
 #include "report/process_words.h"
@@ -12,13 +13,15 @@ namespace {
 using process::ProcessRecord;
 using process::ThicknessRow;
 
-// "3 – 25": the least and the greatest of a column.
+// "3 – 25": the least and the greatest of a column; one number where they are the same.
 Words RangeOf(const ProcessRecord& record, float ThicknessRow::* value) {
     if (record.ThicknessCount == 0) return "";
     const auto [least, most] = std::minmax_element(
         record.Rows.begin(), record.Rows.begin() + record.ThicknessCount,
         [value](const ThicknessRow& a, const ThicknessRow& b) { return a.*value < b.*value; });
-    return Words(text::ShownNumber((*least).*value)) + u8" – " + text::ShownNumber((*most).*value);
+    const std::string from = text::ShownNumber((*least).*value),
+                      to = text::ShownNumber((*most).*value);
+    return from == to ? Words(from) : Words(from) + u8" – " + to;
 }
 
 }  // namespace

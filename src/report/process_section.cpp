@@ -192,8 +192,7 @@ string ProcessName(const process::ProcessTable& table, int process) {
 
 void PlaceProcesses(const string& path, const string& bytes, const process::ProcessTable& table,
                     Found& found) {
-    inspect::Findings known;
-    const inspect::DataFile file(path, bytes, known);
+    const profile::Profile file(bytes);
     FilePlaces places(file, {"processes", "Processes"});
     for (int n = 1; n <= table.ProcessCount; ++n) {
         const ProcessRecord& record = table.Process(n);
@@ -207,7 +206,7 @@ void PlaceProcesses(const string& path, const string& bytes, const process::Proc
                            place.name + ", " + text::ShownNumber(record.Row(k).Thickness) + " mm"});
         }
     }
-    places.PutAll(found);
+    places.PutAll(path, found);
 }
 
 void PutProcess(Html& html, const process::ProcessTable& table, int process, const Found& found) {

@@ -98,6 +98,7 @@ tr.found th { border-left: 5px double var(--note); }
 .directories { display: grid; grid-template-columns: repeat(auto-fill, minmax(24rem, 1fr));
   gap: .5rem 2rem; align-items: start; }
 
+.charts { position: sticky; top: .5rem; }
 .chart { font-size: 15px; margin-bottom: .6rem; }
 .grid { stroke: var(--line); stroke-width: .6; }
 .axis { stroke: var(--ink); stroke-width: 2; }
@@ -129,6 +130,7 @@ tr.found th { border-left: 5px double var(--note); }
   tr, .facts, figure, .chart, .top, .directories .directory, .names li { break-inside: avoid; }
   .top { break-after: avoid; }
   .back { display: none; }
+  .charts { position: static; }
   .part, .kerf, .figures tr, nav, .hole, .pierce { print-color-adjust: exact; }
   figure { margin: .5rem 0 .3rem; }
   .figures tbody { line-height: 1.15; }

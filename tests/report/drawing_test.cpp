@@ -1,0 +1,90 @@
+// What is drawn: where leads end and where ticks stand.
+#include <gtest/gtest.h>
+
+#include "report/axis.h"
+#include "report/lead_geometry.h"
+
+namespace {
+
+using report::LeadType;
+
+// In mm, to hundredths.
+void ExpectAt(const report::Point& point, double x, double y) {
+    EXPECT_NEAR(point.x, x, 0.005);
+    EXPECT_NEAR(point.y, y, 0.005);
+}
+
+TEST(Lead, Ends) {
+    // A lead-in of 10 mm with an extension of 5 mm; a lead-out 3 mm past the start is its mirror.
+    struct {
+        LeadType type;
+        double angle, x, y, extendedX, extendedY;
+    } const cases[] = {
+        {LeadType::kLine, 0, -10, 0, -15, 0},
+        {LeadType::kLine, 90, 0, 10, 0, 15},
+        {LeadType::kLine, 30, -8.66, 5, -12.99, 7.5},
+        {LeadType::kLine, 150, 8.66, 5, 12.99, 7.5},
+        {LeadType::kLine, -45, -7.07, -7.07, -10.61, -10.61},
+        {LeadType::kLine, 390, -8.66, 5, -12.99, 7.5},
+        {LeadType::kQuarter, 77, -10, 10, -10, 15},
+        {LeadType::kHalf, 77, 0, 20, 5, 20},
+        {LeadType::kNone, 77, 0, 0, 0, 0},
+    };
+    for (const auto& lead : cases) {
+        SCOPED_TRACE(testing::Message() << int(lead.type) << " at " << lead.angle);
+        const auto in = report::LeadIn(lead.type, lead.angle, 10, 5);
+        ExpectAt(in.contour, 0, 0);
+        ExpectAt(in.end, lead.x, lead.y);
+        ExpectAt(in.extended, lead.extendedX, lead.extendedY);
+        const bool arc = lead.type == LeadType::kQuarter || lead.type == LeadType::kHalf;
+        EXPECT_EQ(in.radius, arc ? 10 : 0);
+        const auto out = report::LeadOut(lead.type, lead.angle, 10, 5, 3);
+        ExpectAt(out.contour, 3, 0);
+        ExpectAt(out.end, 3 - lead.x, lead.y);
+        ExpectAt(out.extended, 3 - lead.extendedX, lead.extendedY);
+    }
+    for (const auto& [code, type] : {std::pair{"Line", LeadType::kLine},
+                                     {"Arc ", LeadType::kQuarter},
+                                     {"A180", LeadType::kHalf},
+                                     {"    ", LeadType::kNone},
+                                     {"line", LeadType::kNone}}) {
+        EXPECT_EQ(report::TypeOfLead(text::FixedText<4>(code)), type) << code;
+    }
+    EXPECT_EQ(report::TypeOfLead(text::FixedText<4>({"Arc\0", 4})), LeadType::kQuarter);
+}
+
+TEST(Axis, Ticks) {
+    using Values = std::vector<double>;
+    struct {
+        Values values;
+        bool logarithmic;
+        Values ticks;
+    } const cases[] = {
+        {{}, false, {0, 1}},
+        {{0, 0}, false, {0, 1}},
+        {{3, 25}, false, {0, 5, 10, 15, 20, 25}},
+        {{550, 6400}, false, {0, 2000, 4000, 6000, 8000}},
+        {{double{.1F}, double{.6F}}, false, {0, .1, .2, .3, .4, .5, .6}},
+        {{1, 100}, false, {0, 20, 40, 60, 80, 100}},
+        {{1, 101}, true, {1, 2, 5, 10, 20, 50, 100, 200}},
+        {{.5, 0, 360}, true, {.5, 1, 2, 5, 10, 20, 50, 100, 200, 500}},
+        {{1e-3, 1e7}, true, {1e-3, 1e-1, 1e1, 1e3, 1e5, 1e7}},
+    };
+    for (const auto& [values, logarithmic, ticks] : cases) {
+        const auto axis = report::AxisFor(values);
+        EXPECT_EQ(axis.logarithmic, logarithmic);
+        ASSERT_EQ(axis.ticks.size(), ticks.size()) << testing::PrintToString(axis.ticks);
+        for (std::size_t i = 0; i < ticks.size(); ++i) {
+            EXPECT_NEAR(axis.ticks[i], ticks[i], 1e-9 * ticks.back());
+        }
+        EXPECT_EQ(axis.PlaceOf(axis.ticks.front()), 0);
+        EXPECT_EQ(axis.PlaceOf(axis.ticks.back()), 1);
+        for (const double value : values) EXPECT_NEAR(axis.PlaceOf(value), 0.5, 0.5001);
+    }
+    const auto wide = report::AxisFor(Values{1e-45, 1e38});
+    EXPECT_LE(wide.ticks.size(), 13U);
+    EXPECT_NEAR(report::AxisFor(Values{1, 1e4}).PlaceOf(100), 0.5, 1e-9);
+    EXPECT_EQ(report::AxisFor(Values{1, 1e4}).PlaceOf(0), 0);
+}
+
+}  // namespace
