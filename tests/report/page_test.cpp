@@ -14,7 +14,10 @@
 #include "errors/errors.h"
 #include "platform/drives.h"
 #include "platform/operator_file.h"
+#include "process/process_file.h"
+#include "profile/profile.h"
 #include "report/html.h"
+#include "report/process_section.h"
 #include "tests/support/source_files.h"
 #include "tests/support/workshop.h"
 
@@ -125,6 +128,28 @@ TEST(Report, ShowsWhatIsSetUp) {
     EXPECT_EQ(CountOf(page, "<svg class=\"chart\""), 2U);  // one process has no thickness
 }
 
+// The feed rate of the second row and the pierce time of the third are marked, each in its chart.
+TEST(Report, MarksDoubtsInTheirCharts) {
+    const test::TempDrives drives;
+    drives.Write("c:\\tolvarin\\system\\process.dat",
+                 "[Processes]\nProcess1=P\n[P]\nLeadoutextension=1\nMajorDir=1\n"
+                 "Thickness1=3, 1, 9000, 4\nThickness2=6, 2, 450, 4\nThickness3=12, 40, 2250, 4\n"
+                 "Thickness4=24, 8, 1120, 4\n");
+    const string page = PageOf();
+    Expect(page,
+           {"<dt>Lead-out extension</dt><dd>on</dd>", "<dt>Lead-in extension</dt><dd>off</dd>",
+            "<dt>Major contours</dt><dd>anticlockwise</dd>",
+            "<small>c:\\tolvarin\\system\\process.dat:7</small>"});
+    for (const auto& [chart, row] : {std::pair{"p1feed", "p1r2"}, {"p1pierce", "p1r3"}}) {
+        const auto begin = page.find(string("aria-labelledby=\"") + chart);
+        const string drawing = page.substr(begin, page.find("</svg>", begin) - begin);
+        EXPECT_EQ(CountOf(drawing, "class=\"doubtful\""), 1U) << chart;
+        const string link = drawing.substr(drawing.find("href=\"#f") + 7, 2);
+        const string finding = page.substr(page.find("<tr id=\"" + link), 200);
+        EXPECT_NE(finding.find(string("href=\"#") + row), finding.npos) << finding;
+    }
+}
+
 TEST(Report, TheDemonstrationDrives) {
     const test::TempDrives drives;
     for (const char* file : {"process.dat", "mattypes.dat", "material.dat"}) {
@@ -190,6 +215,29 @@ TEST(Report, WithstandsWhatIsInTheData) {
     EXPECT_GT(CountOf(page, "<path class=\"doubtful\""), 100U);
     Expect(page, {"&lt;script&gt;x&lt;/script&gt;</h2>", "Process 5", "&lt;i&gt;",
                   "a&amp;b &#39;x&#39;"});
+}
+
+// Of each line of process.dat.
+TEST(Report, WhatIsFoundIsPutWhereItsLineStands) {
+    const string bytes =
+        "; none\n[Processes]\nProcess1=A\nProcess2=b\n[Old]\nRapid=1\n[B]\nRapid=1\n"
+        "Thickness1=3\n; in b\n[A]\nThickness1=4\nthickness2=5\nThickness4=9\n[a]\nRapid=2\n";
+    const char* const ids[] = {"processes", "processes", "processes", "p1",   "p2", "processes",
+                               "processes", "p2",        "p2",        "p2r1", "p2", "p1",
+                               "p1r1",      "p1r2",      "p1",        "p1",   "p1"};
+    process::ProcessTable table;
+    ReadProcesses(profile::Profile(bytes), table);
+    inspect::Findings findings;
+    for (std::size_t line = 0; line < std::size(ids); ++line) {
+        findings.push_back({"C:\\P.dat", line, inspect::Severity::kNote, "x"});
+    }
+    report::Found found(findings);
+    report::PlaceProcesses("c:\\p.DAT", bytes, table, found);
+    for (std::size_t line = 0; line < std::size(ids); ++line) {
+        EXPECT_EQ(found.PlaceOf(line).id, ids[line]) << "line " << line;
+    }
+    EXPECT_EQ(found.PlaceOf(9).name, "b, 3 mm");
+    EXPECT_EQ(found.At("p2r1"), std::vector<std::size_t>{9});
 }
 
 TEST(Report, IsWrittenWholeOutsideTheData) {
