@@ -30,9 +30,13 @@ struct Options {
 void RefuseData(const fs::path& file) {
     for (const auto& drive : platform::Drives()) {
         const std::string root = std::string(1, drive.letter) + ":" + app::TheConfig().NestRootDir;
-        if (platform::LiesIn(file, root)) {
-            throw errors::Error("The page would lie in the data, in " + root);
+        bool inside = false;
+        try {
+            inside = platform::LiesIn(file, root);
+        } catch (const errors::FileError&) {
+            // On a drive that does not answer nothing can be written either.
         }
+        if (inside) throw errors::Error("The page would lie in the data, in " + root);
     }
 }
 

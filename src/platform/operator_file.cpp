@@ -18,9 +18,12 @@ std::string SystemText(const fs::path& path) {
     return text::FromUtf8(std::string(utf8.begin(), utf8.end())).value_or("The file");
 }
 
-void Check(const fs::path& path, const std::error_code& error) {
+// `missing` says what it is that is not there, where that is not the file.
+void Check(const fs::path& path, const std::error_code& error, const char* missing = nullptr) {
     if (!error) return;
-    throw errors::FileError(native::KindOf(error), SystemText(path), error.message());
+    const bool other = missing != nullptr && native::IsMissing(error);
+    throw errors::FileError(native::KindOf(error), SystemText(path),
+                            other ? missing : error.message());
 }
 
 fs::path Absolute(const fs::path& path) {
@@ -35,7 +38,7 @@ fs::path Absolute(const fs::path& path) {
 void ReplaceOperatorFile(const fs::path& path, std::string_view bytes) {
     std::error_code error;
     native::ReplaceWholeFile(Absolute(path), bytes, error);
-    Check(path, error);
+    Check(path, error, "the directory that it belongs in is missing");
 }
 
 bool LiesIn(const fs::path& path, std::string_view directory) {
@@ -57,7 +60,7 @@ bool LiesIn(const fs::path& path, std::string_view directory) {
 void ShowToOperator(const fs::path& path) {
     std::error_code error;
     native::ShowToOperator(Absolute(path), error);
-    Check(path, error);
+    Check(path, error, "there is no program to show it with");
 }
 
 }  // namespace platform

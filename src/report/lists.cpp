@@ -80,8 +80,11 @@ class ListTable {
             const auto row = html_.In("tr");
             html_.Put("th", {{"scope", "col"}}, "Material");
             html_.Put("th", {{"scope", "col"}}, "Process");
-            if (last)
-                html_.Put("th", {{"scope", "col"}}, thicknesses ? "Thicknesses, mm" : "Found");
+            if (last) {
+                const auto cell = html_.In("th", {{"scope", "col"}});
+                html_.Text(thicknesses ? "Thicknesses " : "Found");
+                if (thicknesses) html_.Put("small", "mm");
+            }
         }
         const auto body = html_.In("tbody");
         for (const Group& group : GroupsOf(table)) {

@@ -92,6 +92,7 @@ thead small { display: block; }
 .figures td.marks { text-align: left; }
 .figures tbody { font-size: 1.1rem; }
 .figures tbody tr:nth-child(even) { background: var(--band); }
+span.found { white-space: nowrap; }
 tr.found th { border-left: 5px double var(--note); }
 .sizes { font-weight: bold; }
 .overview th:first-child { width: 24%; }
