@@ -26,11 +26,11 @@ void Label(Html& html, const char* style, const Point& at, const char* anchor, c
 }
 
 // A head that points the way the torch runs; `heading` in degrees, 0 to the right, 90 down.
-void Arrow(Html& html, const char* style, const Point& at, double heading) {
-    html.Empty("path",
-               {{"class", style},
-                {"d", "M9 0L-6 -6.5L-6 6.5z"},
-                {"transform", "translate(" + Place(at) + ") rotate(" + Words(heading) + ")"}});
+void Arrow(Html& html, const char* style, const Point& at, double heading, double size = 1) {
+    html.Empty("path", {{"class", style},
+                        {"d", "M9 0L-6 -6.5L-6 6.5z"},
+                        {"transform", "translate(" + Place(at) + ") rotate(" + Words(heading) +
+                                          ") scale(" + Words(size) + ")"}});
 }
 
 // Units of the drawing for a mm: the leads fill the room beside the contour.
@@ -150,7 +150,9 @@ class ClosedContour {
         const double dx = away * sign_ * (lead.end.x - lead.contour.x),
                      dy = -away * (lead.end.y - lead.contour.y);
         Arrow(html_, IsLeadIn(lead) ? "head in" : "head out", At(middle),
-              std::atan2(dy, dx) * 180 / std::numbers::pi);
+              std::atan2(dy, dx) * 180 / std::numbers::pi,
+              // Smaller than its lead.
+              std::clamp(std::hypot(dx, dy) * scale_ / 50, 0.6, 1.0));
     }
 
     // Round the whole contour; beside its start, so that the leads do not cover them.

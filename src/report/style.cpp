@@ -7,7 +7,7 @@ namespace report {
 const char* const kStyle = R"(
 :root {
   --paper: #fff; --ink: #14181d; --soft: #4c5660; --line: #9aa4ae; --band: #f0f3f6;
-  --link: #0b4fa8; --in: #0b4fa8; --out: #0a6b3d; --over: #b34700; --plate: #d3d9df;
+  --link: #0b4fa8; --in: #0b4fa8; --out: #0a6b3d; --over: #b34700; --plate: #e4e8ec;
   --kerf: #f3c27a; --error: #a80f1c; --warning: #8a4b00; --note: #4b3b9e; --target: #fff2b8;
 }
 @media screen and (prefers-color-scheme: dark) {
@@ -62,7 +62,7 @@ figcaption p { margin: .2rem 0; }
 .torch.in { stroke: var(--in); stroke-width: 4; }
 .torch.out { stroke: var(--out); stroke-width: 4; stroke-dasharray: 9 4; }
 .torch.extension { stroke-dasharray: 2 4; }
-.overrun { fill: none; stroke: var(--over); stroke-width: 5; }
+.overrun { fill: none; stroke: var(--over); stroke-width: 7; stroke-dasharray: 3 1.5; }
 .left-over { fill: none; stroke: var(--paper); stroke-width: 5; stroke-dasharray: 3 3; }
 .dimension { fill: none; stroke: var(--ink); stroke-width: 1.2; }
 .head { fill: var(--ink); }
