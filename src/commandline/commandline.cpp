@@ -28,6 +28,7 @@ int Main(int argc, const char* const* argv, std::ostream& out, std::ostream& err
     app.require_subcommand(1);
     Run run;
     AddInspection(app, run, out);
+    AddReport(app, run, errors);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -19,6 +19,7 @@ using Run = std::function<int()>;
 
 // What they have to say goes to `out`, in UTF-8.
 void AddInspection(CLI::App& app, Run& run, std::ostream& out);  // check, uses
+void AddReport(CLI::App& app, Run& run, std::ostream& errors);   // report
 
 // The whole program: reads the command line, finds the installation as the System Manager does and
 // runs the command. Returns the exit status; never throws.

@@ -85,10 +85,12 @@ Course Smoothed(Course course, const char* name, std::vector<Doubt>& doubts) {
         const double expected =
             course.Between(course.rows[beside - 1], course.rows[beside], values.Thickness);
         const double about = expected < 10 ? std::round(expected * 10) / 10 : std::round(expected);
-        doubts.push_back({row, std::string("the ") + name + " " + Shown(values.*course.field) +
-                                   " is off the course of its neighbours, by which it would be "
-                                   "about " +
-                                   Shown(static_cast<float>(about))});
+        doubts.push_back({row,
+                          std::string("the ") + name + " " + Shown(values.*course.field) +
+                              " is off the course of its neighbours, by which it would be "
+                              "about " +
+                              Shown(static_cast<float>(about)),
+                          course.field});
     }
     return course;
 }
@@ -105,12 +107,16 @@ std::vector<Doubt> DoubtsOf(const process::ProcessRecord& record) {
     float thickest = 0;
     for (int k = 1; k <= record.ThicknessCount; ++k) {
         const auto& row = record.Row(k);
-        if (row.Feedrate == 0) doubts.push_back({k, "the feed rate is 0: nothing is cut"});
+        if (row.Feedrate == 0)
+            doubts.push_back(
+                {k, "the feed rate is 0: nothing is cut", &process::ThicknessRow::Feedrate});
         if (row.Thickness > thickest) {
             ascending.push_back(k);
         } else if (k > 1) {
-            doubts.push_back({k, text::NumberText(row.Thickness) + " mm does not lie above the " +
-                                     Shown(thickest) + " mm before it"});
+            doubts.push_back({k,
+                              text::NumberText(row.Thickness) + " mm does not lie above the " +
+                                  Shown(thickest) + " mm before it",
+                              &process::ThicknessRow::Thickness});
         }
         thickest = std::max(thickest, row.Thickness);
     }
@@ -124,15 +130,17 @@ std::vector<Doubt> DoubtsOf(const process::ProcessRecord& record) {
     for (std::size_t i = 1; i < feed.size(); ++i) {
         const float rate = record.Row(feed[i]).Feedrate;
         if (rate <= record.Row(feed[i - 1]).Feedrate) continue;
-        doubts.push_back(
-            {feed[i], "the feed rate rises to " + Shown(rate) + " mm/min with the thickness"});
+        doubts.push_back({feed[i],
+                          "the feed rate rises to " + Shown(rate) + " mm/min with the thickness",
+                          &process::ThicknessRow::Feedrate});
     }
     const auto pierce = course(&process::ThicknessRow::PierceTime, "pierce time");
     for (std::size_t i = 1; i < pierce.size(); ++i) {
         const float time = record.Row(pierce[i]).PierceTime;
         if (time >= record.Row(pierce[i - 1]).PierceTime) continue;
-        doubts.push_back(
-            {pierce[i], "the pierce time falls to " + Shown(time) + " s with the thickness"});
+        doubts.push_back({pierce[i],
+                          "the pierce time falls to " + Shown(time) + " s with the thickness",
+                          &process::ThicknessRow::PierceTime});
     }
     return doubts;
 }

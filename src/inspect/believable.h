@@ -19,8 +19,9 @@ struct Bound {
 std::span<const Bound> Bounds();
 
 struct Doubt {
-    int row;           // of the thickness table, counted from 1
-    std::string text;  // without the row
+    int row;                               // of the thickness table, counted from 1
+    std::string text;                      // without the row
+    float process::ThicknessRow::* value;  // which of its values is doubtful
 };
 
 // Thicknesses that do not ascend, a feed rate of 0, one that rises or a pierce time that falls with

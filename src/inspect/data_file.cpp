@@ -45,23 +45,31 @@ std::string Comparable(std::string_view name) {
     return text::CleanText(upper);
 }
 
+Lines::Lines(std::string_view bytes) {
+    // Of a file without a line feed the carriage returns end the lines.
+    const char end = bytes.find('\n') == bytes.npos ? '\r' : '\n';
+    for (auto at = bytes.find(end); at != bytes.npos; at = bytes.find(end, at + 1)) {
+        ends.push_back(at);
+    }
+}
+
+std::size_t Lines::At(std::size_t offset) const {
+    const auto end = std::lower_bound(ends.begin(), ends.end(), offset);
+    return static_cast<std::size_t>(end - ends.begin()) + 1;
+}
+
 DataFile::DataFile(std::string path, std::string bytes, Findings& findings)
     : path_(std::move(path)),
       profile_(std::move(bytes)),
       items_(profile_.Items()),
+      lines_(profile_.Bytes()),
       findings_(findings) {
-    const std::string& all = profile_.Bytes();
-    // Of a file without a line feed the carriage returns end the lines.
-    const char end = all.find('\n') == all.npos ? '\r' : '\n';
-    for (auto at = all.find(end); at != all.npos; at = all.find(end, at + 1)) {
-        lineEnds_.push_back(at);
-    }
     for (const profile::Item& item : items_) {
         if (item.found || item.offset == 0) continue;
         const bool hidden = item.key && !profile_.Find(item.section, *item.key);
         if (hidden) continue;  // the section itself is told of
         const std::string name(item.key ? *item.key : item.section);
-        Report(Severity::kWarning, LineAt(item.offset),
+        Report(Severity::kWarning, lines_.At(item.offset),
                (item.key ? name : "[" + name + "]") +
                    " stands a second time: only the first one is read");
     }
@@ -72,7 +80,7 @@ DataFile::DataFile(std::string path, std::string bytes, Findings& findings)
 void DataFile::CheckBytes() const {
     const std::string_view all = profile_.Bytes();
     for (std::size_t begin = 0, line = 1; begin < all.size(); ++line) {
-        const auto end = line <= lineEnds_.size() ? lineEnds_[line - 1] + 1 : all.size();
+        const auto end = line <= lines_.ends.size() ? lines_.ends[line - 1] + 1 : all.size();
         const std::string_view bytes = all.substr(begin, end - begin);
         begin = end;
         const auto odd = std::find_if(bytes.begin(), bytes.end(), [](char c) {
@@ -93,22 +101,17 @@ void DataFile::CheckBytes() const {
     }
 }
 
-std::size_t DataFile::LineAt(std::size_t offset) const {
-    const auto end = std::lower_bound(lineEnds_.begin(), lineEnds_.end(), offset);
-    return static_cast<std::size_t>(end - lineEnds_.begin()) + 1;
-}
-
 std::string DataFile::Value(std::string_view section, std::string_view key) const {
     const auto found = profile_.Find(section, key);
     return found ? std::string(found->substr(0, profile::Profile::kBufferSize - 1)) : std::string();
 }
 
 std::size_t DataFile::LineOf(std::string_view section, std::string_view key) const {
-    if (const auto place = profile_.PlaceOf(section, key)) return LineAt(place->offset);
+    if (const auto place = profile_.PlaceOf(section, key)) return lines_.At(place->offset);
     const auto wanted = text::UpperCase(text::Trim(section));
     for (const profile::Item& item : items_) {
         if (item.found && !item.key && text::UpperCase(item.section) == wanted) {
-            return LineAt(item.offset);
+            return lines_.At(item.offset);
         }
     }
     return 0;
@@ -135,7 +138,7 @@ int DataFile::CountNumbered(const std::string& section, const std::string& key, 
     for (const profile::Item& item : items_) {
         if (!item.key || !item.found || !text::EqualIgnoringCase(item.section, section)) continue;
         if (NumberOf(*item.key, key) > count + 1) {
-            Report(Severity::kWarning, LineAt(item.offset),
+            Report(Severity::kWarning, lines_.At(item.offset),
                    std::string(*item.key) + " is not read: " + gap + " is missing or empty");
         }
     }
@@ -209,10 +212,10 @@ void DataFile::CheckUnused(std::initializer_list<std::string_view> keys) const {
         const bool used = used_.contains(text::UpperCase(item.section));
         const std::string name(item.section);
         if (item.key && used && item.found && !known(*item.key)) {
-            Report(Severity::kNote, LineAt(item.offset),
+            Report(Severity::kNote, lines_.At(item.offset),
                    std::string(*item.key) + " is not read here, and the next save leaves it out");
         } else if (!item.key && !used && item.found && item.offset > 0) {
-            Report(Severity::kWarning, LineAt(item.offset),
+            Report(Severity::kWarning, lines_.At(item.offset),
                    "[" + name + "] is not used: nothing lists it, and the next save leaves it out");
         }
     }

@@ -13,6 +13,14 @@
 
 namespace inspect {
 
+// The lines of a file, counted from 1.
+struct Lines {
+    std::vector<std::size_t> ends;  // offsets
+
+    explicit Lines(std::string_view bytes);
+    std::size_t At(std::size_t offset) const;
+};
+
 class DataFile {
   public:
     // Looks at once for what no format has: sections and keys that stand behind another of their
@@ -58,11 +66,10 @@ class DataFile {
     std::string path_;
     profile::Profile profile_;
     std::vector<profile::Item> items_;
-    std::vector<std::size_t> lineEnds_;  // offsets
-    std::set<std::string> used_;         // sections in capitals
+    Lines lines_;
+    std::set<std::string> used_;  // sections in capitals
     Findings& findings_;
 
-    std::size_t LineAt(std::size_t offset) const;
     void CheckBytes() const;
 
   public:

@@ -122,4 +122,7 @@ void ReplaceWholeFile(const fs::path& path, std::string_view bytes, std::error_c
 
 bool StartBatchFile(const fs::path& path, std::error_code& error);
 
+// See operator_file.h; of an absolute path.
+void ShowToOperator(const fs::path& path, std::error_code& error);
+
 }  // namespace platform::native

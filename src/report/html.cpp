@@ -1,0 +1,106 @@
+#include "report/html.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+
+#include "text/code_page.h"
+
+namespace report {
+namespace {
+
+bool IsControl(char byte) {
+    const char32_t character = text::ToUnicode(byte);
+    return character < 32 || (character >= 127 && character < 160);
+}
+
+}  // namespace
+
+Words::Words(const std::string& data) {
+    // Nearly every text is plain, and a page has hundreds of thousands.
+    if (std::all_of(data.begin(), data.end(), [](char c) { return c >= ' ' && c < 127; })) {
+        utf8_ = data;
+        return;
+    }
+    for (const char byte : data) {
+        if (IsControl(byte)) {
+            std::array<char, 8> code{};
+            std::snprintf(code.data(), code.size(), "\\x%02X", static_cast<unsigned char>(byte));
+            utf8_ += code.data();
+        } else {
+            utf8_ += text::ToUtf8({&byte, 1});
+        }
+    }
+}
+
+Words::Words(double number) {
+    // Whatever a file makes of a drawing, its coordinates stay within what browsers can draw.
+    constexpr double kMost = 1e6;
+    const double shown = std::isnan(number) ? 0 : std::clamp(number, -kMost, kMost);
+    std::array<char, 32> buffer{};
+    const double rounded = std::round(shown * 100) / 100 + 0.0;  // never "-0"
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), rounded,
+                                   std::chars_format::fixed, 2)
+                         .ptr;
+    utf8_.assign(buffer.data(), end);
+    utf8_.erase(utf8_.find_last_not_of('0') + 1);
+    if (utf8_.back() == '.') utf8_.pop_back();
+}
+
+void Html::Escape(std::string_view utf8) {
+    for (;;) {
+        const auto at = std::min(utf8.find_first_of("&<>\"'"), utf8.size());
+        bytes_.append(utf8.substr(0, at));
+        if (at == utf8.size()) return;
+        switch (utf8[at]) {
+            case '&':
+                bytes_ += "&amp;";
+                break;
+            case '<':
+                bytes_ += "&lt;";
+                break;
+            case '>':
+                bytes_ += "&gt;";
+                break;
+            case '"':
+                bytes_ += "&quot;";
+                break;
+            default:
+                bytes_ += "&#39;";
+        }
+        utf8.remove_prefix(at + 1);
+    }
+}
+
+void Html::Begin(const char* name, Attributes attributes, const char* end) {
+    bytes_.append("<").append(name);
+    for (const Attribute& attribute : attributes) {
+        bytes_.append(" ").append(attribute.name).append("=\"");
+        Escape(attribute.value.Utf8());
+        bytes_ += '"';
+    }
+    bytes_ += end;
+}
+
+Html::Element Html::In(const char* name, Attributes attributes) {
+    Begin(name, attributes, ">");
+    return {*this, name};
+}
+
+void Html::Put(const char* name, Attributes attributes, const Words& text) {
+    Begin(name, attributes, ">");
+    Text(text);
+    bytes_.append("</").append(name).append(">");
+}
+
+void Html::Empty(const char* name, Attributes attributes) {
+    Begin(name, attributes, "/>");
+}
+
+void Html::Style(const char* css) {
+    bytes_.append("<style>").append(css).append("</style>\n");
+}
+
+}  // namespace report

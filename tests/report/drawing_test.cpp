@@ -1,0 +1,201 @@
+// What is drawn: where leads end, which way the torch runs, and where ticks and points stand.
+#include <gtest/gtest.h>
+
+#include <regex>
+
+#include "report/axis.h"
+#include "report/chart.h"
+#include "report/contour_panel.h"
+#include "report/lead_geometry.h"
+
+namespace {
+
+using report::LeadType;
+
+// In mm, to hundredths.
+void ExpectAt(const report::Point& point, double x, double y) {
+    EXPECT_NEAR(point.x, x, 0.005);
+    EXPECT_NEAR(point.y, y, 0.005);
+}
+
+TEST(Lead, Ends) {
+    // A lead-in of 10 mm with an extension of 5 mm; a lead-out 3 mm past the start is its mirror.
+    struct {
+        LeadType type;
+        double angle, x, y, extendedX, extendedY;
+    } const cases[] = {
+        {LeadType::kLine, 0, -10, 0, -15, 0},
+        {LeadType::kLine, 90, 0, 10, 0, 15},
+        {LeadType::kLine, 30, -8.66, 5, -12.99, 7.5},
+        {LeadType::kLine, 150, 8.66, 5, 12.99, 7.5},
+        {LeadType::kLine, -45, -7.07, -7.07, -10.61, -10.61},
+        {LeadType::kLine, 390, -8.66, 5, -12.99, 7.5},
+        {LeadType::kQuarter, 77, -10, 10, -10, 15},
+        {LeadType::kHalf, 77, 0, 20, 5, 20},
+        {LeadType::kNone, 77, 0, 0, 0, 0},
+    };
+    for (const auto& lead : cases) {
+        SCOPED_TRACE(testing::Message() << int(lead.type) << " at " << lead.angle);
+        const auto in = report::LeadIn(lead.type, lead.angle, 10, 5);
+        ExpectAt(in.contour, 0, 0);
+        ExpectAt(in.end, lead.x, lead.y);
+        ExpectAt(in.extended, lead.extendedX, lead.extendedY);
+        const bool arc = lead.type == LeadType::kQuarter || lead.type == LeadType::kHalf;
+        EXPECT_EQ(in.radius, arc ? 10 : 0);
+        const auto out = report::LeadOut(lead.type, lead.angle, 10, 5, 3);
+        ExpectAt(out.contour, 3, 0);
+        ExpectAt(out.end, 3 - lead.x, lead.y);
+        ExpectAt(out.extended, 3 - lead.extendedX, lead.extendedY);
+    }
+    for (const auto& [code, type] : {std::pair{"Line", LeadType::kLine},
+                                     {"Arc ", LeadType::kQuarter},
+                                     {"A180", LeadType::kHalf},
+                                     {"    ", LeadType::kNone},
+                                     {"line", LeadType::kNone}}) {
+        EXPECT_EQ(report::TypeOfLead(text::FixedText<4>(code)), type) << code;
+    }
+    EXPECT_EQ(report::TypeOfLead(text::FixedText<4>({"Arc\0", 4})), LeadType::kQuarter);
+}
+
+TEST(Axis, Ticks) {
+    using Values = std::vector<double>;
+    struct {
+        Values values;
+        bool logarithmic;
+        Values ticks;
+    } const cases[] = {
+        {{}, false, {0, 1}},
+        {{0, 0}, false, {0, 1}},
+        {{3, 25}, false, {0, 5, 10, 15, 20, 25}},
+        {{550, 6400}, false, {0, 2000, 4000, 6000, 8000}},
+        {{double{.1F}, double{.6F}}, false, {0, .1, .2, .3, .4, .5, .6}},
+        {{1, 100}, false, {0, 20, 40, 60, 80, 100}},
+        {{1, 101}, true, {1, 2, 5, 10, 20, 50, 100, 200}},
+        {{.5, 0, 360}, true, {.5, 1, 2, 5, 10, 20, 50, 100, 200, 500}},
+        {{1e-3, 1e7}, true, {1e-3, 1e-1, 1e1, 1e3, 1e5, 1e7}},
+    };
+    for (const auto& [values, logarithmic, ticks] : cases) {
+        const auto axis = report::AxisFor(values);
+        EXPECT_EQ(axis.logarithmic, logarithmic);
+        ASSERT_EQ(axis.ticks.size(), ticks.size()) << testing::PrintToString(axis.ticks);
+        for (std::size_t i = 0; i < ticks.size(); ++i) {
+            EXPECT_NEAR(axis.ticks[i], ticks[i], 1e-9 * ticks.back());
+        }
+        EXPECT_EQ(axis.PlaceOf(axis.ticks.front()), 0);
+        EXPECT_EQ(axis.PlaceOf(axis.ticks.back()), 1);
+        for (const double value : values) EXPECT_NEAR(axis.PlaceOf(value), 0.5, 0.5001);
+    }
+    const auto wide = report::AxisFor(Values{1e-45, 1e38});
+    EXPECT_LE(wide.ticks.size(), 13U);
+    EXPECT_NEAR(report::AxisFor(Values{1, 1e4}).PlaceOf(100), 0.5, 1e-9);
+    EXPECT_EQ(report::AxisFor(Values{1, 1e4}).PlaceOf(0), 0);
+}
+
+// What the group of the pattern matches; fails the test where it does not.
+std::string Part(const std::string& drawing, const std::string& pattern) {
+    std::smatch match;
+    if (!std::regex_search(drawing, match, std::regex(pattern))) ADD_FAILURE() << pattern;
+    return match.size() > 1 ? match.str(1) : "";
+}
+
+process::ProcessRecord Record(std::string_view lead, int percent, int overrun) {
+    process::ProcessRecord record;
+    record.Leadin = record.Leadout = lead;
+    record.LeadoutPercent = static_cast<std::int16_t>(percent);
+    record.LeadoutOverrun = static_cast<std::int16_t>(overrun);
+    for (const float length : {0.0F, 4.0F, 8.0F, 12.0F}) {
+        record.Row(++record.ThicknessCount).DefaultLeadin = length;
+    }
+    return record;
+}
+
+TEST(Contour, RunsTheWayThatIsSet) {
+    struct {
+        void (*draw)(report::Html&, const report::Leads&, int);
+        int direction;
+        bool right;           // the torch runs to the right where it starts
+        const char* heading;  // along the upper edge
+    } const cases[] = {
+        {report::DrawOutside, -1, true, "0"},
+        {report::DrawOutside, 1, false, "180"},
+        {report::DrawHole, -1, false, "0"},
+        {report::DrawHole, 1, true, "180"},
+    };
+    const report::Leads leads(Record("Arc ", 50, 2));
+    for (const auto& panel : cases) {
+        report::Html html;
+        panel.draw(html, leads, panel.direction);
+        const std::string drawing = html.Bytes(), arc = " d=.M[0-9. ]+A[0-9.]+ [0-9.]+ 0 0 ([01])";
+        const double start = std::stod(Part(drawing, "class=.pierce. cx=.([0-9.]+)")),
+                     overrun =
+                         std::stod(Part(drawing, "class=.overrun. d=.M170 [0-9.]+L([0-9.]+)"));
+        EXPECT_EQ(start < 170, panel.right);
+        EXPECT_EQ(overrun > 170, panel.right);
+        EXPECT_EQ(Part(drawing, "class=.head. [^>]*translate.68 [0-9.]+. rotate.([0-9]+)"),
+                  panel.heading);
+        EXPECT_EQ(Part(drawing, "class=.torch in." + arc), panel.right ? "1" : "0");
+        EXPECT_EQ(Part(drawing, "class=.torch out." + arc), panel.right ? "0" : "1");
+    }
+    report::Html none;
+    report::DrawOutside(none, leads, 0);
+    EXPECT_EQ(none.Bytes().find("class=\"head\""), std::string::npos);
+}
+
+TEST(Contour, OpenKerf) {
+    for (const int side : {1, 0, -1}) {
+        report::Html html;
+        report::DrawOpenContour(html, side);
+        const auto lineAt = [&](const std::string& style) {
+            return std::stod(
+                Part(html.Bytes(), "line class=." + style + ". x1=.14. y1=.([0-9.]+)"));
+        };
+        EXPECT_EQ(lineAt("torch"), lineAt("kerf wide"));
+        EXPECT_EQ(lineAt("contour") - lineAt("torch") > 1, side == 1);
+        EXPECT_EQ(lineAt("torch") - lineAt("contour") > 1, side == -1);
+    }
+}
+
+TEST(Leads, LengthsOfAThicknessInTheMiddle) {
+    struct {
+        int percent, overrun;
+        double out, drawnOut, drawnOverrun;
+        bool toScale;
+    } const cases[] = {
+        {50, 3, 4, 4, 3, true},
+        {0, 0, 0, 0, 0, true},
+        {-5, -2, 0, 0, -2, true},
+        {1, 1, .08, 8.0 / 6, 1, false},
+        {32767, 32767, 2621.36, 16, 9.6, false},
+        {100, -32768, 8, 8, -9.6, false},
+    };
+    for (const auto& lead : cases) {
+        SCOPED_TRACE(lead.percent);
+        const auto record = Record("A180", lead.percent, lead.overrun);
+        const report::Leads leads(record);
+        EXPECT_EQ(leads.row, &record.Row(3));
+        EXPECT_EQ(leads.inLength, 8);
+        EXPECT_NEAR(leads.outLength, lead.out, 1e-6);
+        EXPECT_NEAR(leads.out.radius, lead.drawnOut, 1e-6);
+        EXPECT_NEAR(leads.drawnOverrun, lead.drawnOverrun, 1e-6);
+        EXPECT_EQ(leads.toScale, lead.toScale);
+    }
+}
+
+TEST(Chart, Points) {
+    report::Html html;
+    report::DrawChart(html, {"p1feed",
+                             "P<1>",
+                             "Feed rate",
+                             "mm/min",
+                             {{0, 0, "", ""}, {5, 100, "far <off>", "#f3"}, {10, 50, "odd", ""}}});
+    const std::string drawing = html.Bytes();
+    EXPECT_EQ(Part(drawing, "circle class=.point. (cx=.62. cy=.218)"), "cx=\"62\" cy=\"218");
+    EXPECT_EQ(Part(drawing, "polyline [^>]*points=.([^'\"]*)"), "62,218 224,36 386,127 ");
+    EXPECT_EQ(Part(drawing, "<a href=.#f3.>\\s*<path class=.doubtful. d=.M224 27([^>]*)z"),
+              "l9 9l-9 9l-9-9");
+    EXPECT_EQ(Part(drawing, "<title>(5 mm: [^<]*)</title>"), "5 mm: 100 mm/min; far &lt;off&gt;");
+    EXPECT_EQ(Part(drawing, "(</a>)\\s*<path class=.doubtful. d=.M386 "), "</a>");
+    Part(drawing, "3 points from 0 to 10 mm, from 0 to 100 mm/min; [^.]*; doubtful: 2[.]");
+}
+
+}  // namespace

@@ -1,0 +1,269 @@
+// The page as a whole: escaped, its tags nested and its links leading somewhere, whatever is in the
+// data; what cannot be read is told on it.
+#include "report/page.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <vector>
+
+#include "app/system_config.h"
+#include "errors/errors.h"
+#include "platform/drives.h"
+#include "platform/operator_file.h"
+#include "process/process_file.h"
+#include "profile/profile.h"
+#include "report/html.h"
+#include "report/process_section.h"
+#include "tests/support/source_files.h"
+#include "tests/support/workshop.h"
+
+namespace {
+
+using std::string;
+
+std::size_t CountOf(const string& text, const string& part) {
+    std::size_t count = 0;
+    for (auto at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++count;
+    return count;
+}
+
+// Looks at what every page must hold to.
+void CheckForm(const string& page) {
+    std::vector<string> open;
+    std::set<string> ids, links;
+    std::size_t at = page.find("<html");
+    ASSERT_NE(at, page.npos);
+    for (const char c : page) ASSERT_TRUE(c < 0 || c >= ' ' || c == '\n') << int{c};
+    static const std::regex kAttribute(R"re( ([a-zA-Z0-9-]+)="([^"<]*)")re", std::regex::optimize);
+    for (; at != page.npos; at = page.find('<', at + 1)) {
+        const auto end = page.find('>', at);
+        ASSERT_NE(end, page.npos);
+        const string tag = page.substr(at + 1, end - at - 1);
+        const string name = tag.substr(0, tag.find_first_of(" /", 1));
+        if (tag[0] == '/') {
+            ASSERT_FALSE(open.empty());
+            ASSERT_EQ(tag.substr(1), open.back()) << page.substr(at > 200 ? at - 200 : 0, 220);
+            open.pop_back();
+        } else if (!tag.ends_with('/')) {
+            open.push_back(name);
+        }
+        ASSERT_TRUE(name != "script" && name != "b>" && name != "link") << tag;
+        std::size_t length = name.size() + (tag.ends_with('/') ? 1 : 0);
+        if (tag[0] == '/') continue;
+        for (std::sregex_iterator part(tag.begin(), tag.end(), kAttribute), last; part != last;
+             ++part) {
+            const string key = part->str(1), value = part->str(2);
+            length += part->str(0).size();
+            EXPECT_TRUE(key != "id" || ids.insert(value).second) << value << " is there twice";
+            if (key == "href") links.insert(value);
+            EXPECT_FALSE(key.starts_with("on") || key == "src" || key == "style") << tag;
+            std::istringstream labels(key == "aria-labelledby" ? value : "");
+            for (string label; labels >> label;) links.insert("#" + label);
+        }
+        ASSERT_EQ(length, tag.size()) << tag;
+    }
+    EXPECT_TRUE(open.empty());
+    for (const string& link : links) {
+        EXPECT_TRUE(link.starts_with('#') && ids.contains(link.substr(1))) << link;
+    }
+    // From each finding there is a way to its place, and from there back.
+    for (int n = 1; ids.contains("f" + std::to_string(n)); ++n) {
+        const string finding = "f" + std::to_string(n), row = "<tr id=\"" + finding + "\">";
+        EXPECT_TRUE(links.contains("#" + finding)) << finding;
+        const string cells = page.substr(page.find(row), 400);
+        EXPECT_NE(cells.find("<td><a href=\"#"), cells.npos) << cells;
+    }
+}
+
+string PageOf(const std::vector<string>& drives = {}) {
+    app::LocateConfigFile();
+    app::ReadSystemConfig();
+    std::tm now{};
+    now.tm_year = 126;
+    now.tm_mday = 1;
+    const string page = report::Page(drives, now);
+    CheckForm(page);
+    return page;
+}
+
+void Expect(const string& page, std::initializer_list<const char*> parts) {
+    for (const string part : parts) EXPECT_NE(page.find(part), page.npos) << part;
+}
+
+TEST(Report, Escapes) {
+    struct {
+        report::Words words;
+        const char* shown;
+    } const cases[] = {
+        {"<b>&\"'", "&lt;b&gt;&amp;&quot;&#39;"},
+        {"a\x01\n\x7F\x81z", "a\\x01\\x0A\\x7F\\x81z"},
+        {"\xE4\x80", "\xC3\xA4\xE2\x82\xAC"},
+        {u8"–<", "\xE2\x80\x93&lt;"},
+        {-0.001, "0"},
+        {12.5, "12.5"},
+        {1.0 / 3, "0.33"},
+        {1e300, "1000000"},
+        {-7, "-7"},
+    };
+    for (const auto& [words, shown] : cases) {
+        report::Html html;
+        html.Put("p", {{"title", words}}, words);
+        EXPECT_EQ(html.Bytes(),
+                  "<!DOCTYPE html>\n<p title=\"" + string(shown) + "\">" + shown + "</p>");
+    }
+}
+
+TEST(Report, ShowsWhatIsSetUp) {
+    const test::Workshop drives;
+    const string page = PageOf();
+    Expect(page,
+           {"2026-01-01 00:00", "Plasma", "<dd>Line at 45\xC2\xB0</dd>", "<dd>Arc 180</dd>",
+            "<td>550</td>", "Drawn for 25 mm", ">MS</", "Mild steel", "<td class=\"number\">7.85",
+            "id=\"drive-c\"", "<h3 id=\"d-c1\">p10</h3>", "<a href=\"#m1\">MS</a>",
+            "<a href=\"#p2\">Oxy Fuel</a>", "<li id=\"g-c1\">plates</li>"});
+    EXPECT_EQ(CountOf(page, "<svg class=\"chart\""), 2U);  // one process has no thickness
+}
+
+// Feed rate and pierce time of the second row are marked, each in its chart.
+TEST(Report, MarksDoubtsInTheirCharts) {
+    const test::TempDrives drives;
+    drives.Write("c:\\tolvarin\\system\\process.dat",
+                 "[Processes]\nProcess1=P\n[P]\nLeadoutextension=1\nMajorDir=1\n"
+                 "Thickness1=3, 1, 9000, 4\nThickness2=6, 20, 450, 4\nThickness3=12, 4, 2250, 4\n"
+                 "Thickness4=24, 8, 1120, 4\n");
+    const string page = PageOf();
+    Expect(page,
+           {"<dt>Lead-out extension</dt><dd>on</dd>", "<dt>Lead-in extension</dt><dd>off</dd>",
+            "<dt>Major contours</dt><dd>anticlockwise</dd>",
+            "<small>c:\\tolvarin\\system\\process.dat:7</small>"});
+    for (const auto& [chart, doubt] :
+         {std::pair{"p1feed", "feed rate 450"}, {"p1pierce", "pierce time 20"}}) {
+        const auto begin = page.find(string("aria-labelledby=\"") + chart);
+        const string drawing = page.substr(begin, page.find("</svg>", begin) - begin);
+        EXPECT_EQ(CountOf(drawing, "class=\"doubtful\""), 1U) << chart;
+        const string link = drawing.substr(drawing.find("href=\"#f") + 7, 2);
+        const string finding = page.substr(page.find("<tr id=\"" + link), 200);
+        EXPECT_NE(finding.find("href=\"#p1r2\""), finding.npos) << finding;
+        EXPECT_NE(finding.find(doubt), finding.npos) << finding;
+    }
+}
+
+TEST(Report, TheDemonstrationDrives) {
+    const test::TempDrives drives;
+    for (const char* file : {"process.dat", "mattypes.dat", "material.dat"}) {
+        drives.Write(string("c:\\tolvarin\\system\\") + file,
+                     test::SourceFile(string("demo/drives/c/tolvarin/system/") + file));
+    }
+    const string page = PageOf();
+    EXPECT_EQ(CountOf(page, "<svg class=\"chart\""), 10U);
+    Expect(page, {">Feed rate, mm/min, logarithmic<", ">Pierce time, s, logarithmic<"});
+}
+
+TEST(Report, TellsWhatCannotBeRead) {
+    const test::TempDrives drives;
+    Expect(PageOf(),
+           {"There is no file c:\\tolvarin\\system\\process.dat",
+            "There is no file c:\\tolvarin\\system\\mattypes.dat", "There is no material list."});
+    EXPECT_THROW(PageOf({"x"}), errors::FileError);
+    drives.Write("c:\\tolvarin\\system\\process.dat",
+                 test::Meant("[Processes]\r\n{1-21:Process#=P#\r\n}"));
+    drives.Write("c:\\tolvarin\\system\\mattypes.dat", "[Materials]\r\nMat1=MS\r\n");
+    drives.MakeDir("c:\\tolvarin\\system\\material.dat");
+    drives.Write("c:\\tolvarin\\USER\\PROD\\BIG\\MATERIAL.DAT",
+                 test::Meant("{1-200:[Mat#]\r\nType=MS\r\nThickness=#\r\n}"));
+    drives.Write("c:\\tolvarin\\USER\\PROD\\GOOD\\MATERIAL.DAT",
+                 "[Mat1]\r\nType=ms\r\n[Mat2]\r\nType=zz\r\n");
+    drives.Write("c:\\tolvarin\\USER\\PROD\\STRAY", "");
+    Expect(PageOf({"c", "C"}),
+           {"PROCESS.DAT lists more than 20 processes", "<a href=\"#m1\">ms</a>",
+            "The list has more than 199 entries", "is a file among directories",
+            "<a href=\"#drive-c\">Drive c:</a>", "<a href=\"#d-c2e2\">c: good, entry 2</a>"});
+    // Which of the two is meant cannot be found out; where case does not count, it is one.
+    for (const char* folder : {"Prod", "prod"}) {
+        drives.MakeDir(string("d:\\tolvarin\\USER\\") + folder);
+    }
+    if (drives.Count("d:\\tolvarin\\USER") == 2) {
+        Expect(PageOf(), {"id=\"d-c2e2\"", "<p class=\"failure\">d:\\tolvarin\\USER"});
+    }
+}
+
+TEST(Report, WithstandsWhatIsInTheData) {
+    const test::TempDrives drives;
+    const string names = test::Meant(
+        "Process1=<script>x</script>\r\nProcess2=\"onload=\"y\r\nProcess3=it's & co\r\n"
+        "Process4=A\\x01b\r\nProcess5=\\x81\r\nProcess6={1-64:W}\r\n"
+        "Process7=</style><!--\r\n{8-20:Process#=P#\r\n}");
+    string file = "[Processes]\r\n" + names;
+    const char* const rows[] = {
+        "{1-100:Thickness#=#, 0, 0, 0, 0\r\n}", "{1-100:Thickness#=5, 1e38, 1e-38, 1e38, 1\r\n}",
+        "{1-100:Thickness#=1e#, #, 1e38, 1e-45, 1\r\n}", "Thickness1=1e38,,\r\nThickness2=-4\r\n",
+        "Thickness1=3, 2, 9, 4\r\nThickness2=4, 1, 9000, 4\r\n"};
+    std::istringstream lines(names);
+    int n = 0;
+    for (string line; std::getline(lines, line, '\n'); ++n) {
+        const string name = line.substr(line.find('=') + 1, line.find('\r') - line.find('=') - 1);
+        static const char* const kCodes[] = {"Line", "Arc", "A180", "junk"};
+        file += "[" + name + "]\r\nLeadin=" + kCodes[n % 4] +
+                "\r\nAngle=-32768\r\nLeadout=" + kCodes[n / 4 % 4] +
+                "\r\nExtension=1\r\nLeadoutPercent=" + (n % 2 != 0 ? "32767" : "-1") +
+                "\r\nLeadoutOverrun=" + (n % 3 != 0 ? "32767" : "-32768") +
+                "\r\nMajorDir=" + std::to_string(n % 4 - 1) + "\r\n" + test::Meant(rows[n % 5]);
+    }
+    drives.Write("c:\\tolvarin\\system\\process.dat", file);
+    string types = std::regex_replace(names, std::regex("Process"), "Mat");
+    drives.Write("c:\\tolvarin\\system\\mattypes.dat", "[Materials]\r\n" + types);
+    drives.Write(
+        "c:\\tolvarin\\USER\\PROD\\A&B 'x'\\MATERIAL.DAT",
+        "[Mat1]\r\nType=<i>\r\nProcess=<script>x</script>\r\nThickness=1e38\r\n[Mat1]\r\n");
+    const string page = PageOf();
+    EXPECT_EQ(page.find("inf mm"), page.npos);
+    EXPECT_GT(CountOf(page, "<path class=\"doubtful\""), 100U);
+    Expect(page, {"&lt;script&gt;x&lt;/script&gt;</h2>", "Process 5", "&lt;i&gt;",
+                  "a&amp;b &#39;x&#39;"});
+}
+
+// Of each line of process.dat.
+TEST(Report, WhatIsFoundIsPutWhereItsLineStands) {
+    const string bytes =
+        "; none\n[Processes]\nProcess1=A\nProcess2=b\n[Old]\nRapid=1\n[B]\nRapid=1\n"
+        "Thickness1=3\n; in b\n[A]\nThickness1=4\nthickness2=5\nThickness4=9\n[a]\nRapid=2\n";
+    const char* const ids[] = {"processes", "processes", "processes", "p1",   "p2", "processes",
+                               "processes", "p2",        "p2",        "p2r1", "p2", "p1",
+                               "p1r1",      "p1r2",      "p1",        "p1",   "p1"};
+    process::ProcessTable table;
+    ReadProcesses(profile::Profile(bytes), table);
+    inspect::Findings findings;
+    for (std::size_t line = 0; line < std::size(ids); ++line) {
+        findings.push_back({"C:\\P.dat", line, inspect::Severity::kNote, "x"});
+    }
+    report::Found found(findings);
+    report::PlaceProcesses("c:\\p.DAT", bytes, table, found);
+    for (std::size_t line = 0; line < std::size(ids); ++line) {
+        EXPECT_EQ(found.PlaceOf(line).id, ids[line]) << "line " << line;
+    }
+    EXPECT_EQ(found.PlaceOf(9).name, "b, 3 mm");
+    EXPECT_EQ(found.At("p2r1"), std::vector<std::size_t>{9});
+}
+
+TEST(Report, IsWrittenWholeOutsideTheData) {
+    namespace fs = std::filesystem;
+    const test::Workshop drives;
+    const fs::path page = drives.Folder() / "page.html";
+    platform::ReplaceOperatorFile(page, "old");
+    platform::ReplaceOperatorFile(page, "new");
+    EXPECT_EQ(fs::file_size(page), 3U);
+    EXPECT_THROW(platform::ReplaceOperatorFile(drives.Folder() / "no" / "page.html", ""),
+                 errors::FileError);
+    EXPECT_THROW(platform::ReplaceOperatorFile(drives.Folder() / "c", ""), errors::FileError);
+    const string root = "c:\\tolvarin";
+    EXPECT_FALSE(platform::LiesIn(page, root));
+    EXPECT_TRUE(platform::LiesIn(drives.Path("c:\\tolvarin\\system\\process.dat"), root));
+    EXPECT_TRUE(platform::LiesIn(drives.Path("c:\\tolvarin\\new\\page.html"), root));
+    EXPECT_FALSE(platform::LiesIn(page, "d:\\tolvarin"));
+}
+
+}  // namespace
