@@ -17,6 +17,7 @@ inline constexpr int kNothingFound = 0, kSomethingFound = 1, kNotDone = 2;
 using Run = std::function<int()>;
 
 void AddInspection(CLI::App& app, Run& run);  // check, uses
+void AddArchive(CLI::App& app, Run& run);     // backup, restore, verify
 
 // What was given on the command line, in the system's character set. Throws errors::Error for what
 // the set lacks.

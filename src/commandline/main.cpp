@@ -30,6 +30,7 @@ int Main(int argc, char** argv) {
     app.require_subcommand(1);
     Run run;
     AddInspection(app, run);
+    AddArchive(app, run);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

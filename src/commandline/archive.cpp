@@ -1,0 +1,158 @@
+// backup, restore and verify.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <chrono>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+#include "archive/stored.h"
+#include "commandline/commands.h"
+#include "errors/errors.h"
+
+namespace commandline {
+namespace {
+
+bool IsTerminal() {
+#ifdef _WIN32
+    return _isatty(_fileno(stderr)) != 0;
+#else
+    return isatty(STDERR_FILENO) == 1;
+#endif
+}
+
+// What is told, and in front of it the one line that says how far it is: on a terminal only, and
+// no more often than a person can read it.
+class Console {
+  public:
+    archive::Telling Telling() {
+        return {[this](const std::string& line) { Say(line); },
+                [this](int percent, const std::string& name) { Show(percent, name); }};
+    }
+    ~Console() { Clear(); }
+
+  private:
+    void Say(const std::string& line) {
+        Clear();
+        std::cout << line << std::endl;
+    }
+    void Show(int percent, const std::string& name) {
+        const auto now = std::chrono::steady_clock::now();
+        if (!terminal_ || now < next_) return;
+        next_ = now + std::chrono::milliseconds(100);
+        constexpr std::size_t kWidth = 72;
+        std::string shown = archive::Shown(name);
+        // The end of a path says more than its beginning. No character is cut in two.
+        if (shown.size() > kWidth) shown.erase(0, shown.size() - kWidth);
+        while (!shown.empty() && (shown[0] & 0xC0) == 0x80) shown.erase(0, 1);
+        Clear();
+        shown = std::to_string(percent) + " % " + shown;
+        std::cerr << shown << std::flush;
+        shown_ = shown.size();
+    }
+    void Clear() {
+        if (shown_ > 0) std::cerr << '\r' << std::string(shown_, ' ') << '\r' << std::flush;
+        shown_ = 0;
+    }
+
+    const bool terminal_ = IsTerminal();
+    std::chrono::steady_clock::time_point next_{};
+    std::size_t shown_ = 0;  // bytes, no fewer than columns
+};
+
+int Do(const std::function<archive::Outcome(const archive::Telling&)>& work) {
+    Console console;
+    try {
+        return static_cast<int>(work(console.Telling()));
+    } catch (const archive::NativeError& failure) {
+        // It may have characters that the system's set lacks, so it does not go its way.
+        std::cerr << "quarvel-data: " << failure.what() << '\n';
+        return kNotDone;
+    }
+}
+
+struct Options {
+    std::string drive;
+    std::vector<std::string> name;  // its words
+    bool replace = false;
+
+    char Letter() const { return drive[0]; }
+    // As the names of backups are, in UTF-8, as it was given.
+    std::string Which() const {
+        std::string which;
+        for (const auto& word : name) which += (which.empty() ? "" : " ") + word;
+        return which;
+    }
+};
+
+const char* const kBackupHelp =
+    "quarvel-data backup SOURCE DESTINATION [/s] [--keep N]\n"
+    "SOURCE is everything in front of the last drive: c:\\tolvarin\\USER\\PROD\\my job\\*.*\n"
+    "Another wild card than *.* chooses among the files of that folder itself.\n"
+    "DESTINATION is a drive: a: gets a:\\QVBACKUP\\DATE TIME NAME with the files as files.\n"
+    "  /s         with all folders below\n"
+    "  --keep N   deletes older whole backups of this folder until N are left\n"
+    "Ends with 0; with 1 where something is not in it as it was, which is told; with 2 where there "
+    "is no backup.";
+
+}  // namespace
+
+void AddArchive(CLI::App& app, Run& run) {
+    const auto options = std::make_shared<Options>();
+    // The batch file gives paths with blanks as they are, so the words are put together here.
+    CLI::App* backup = app.add_subcommand("backup", "Copies a folder to another drive, checked");
+    backup->footer(kBackupHelp);
+    backup->prefix_command();
+    backup->callback([&run, backup] {
+        run = [words = backup->remaining()] {
+            std::vector<std::string> given;
+            for (const auto& word : words) given.push_back(Given(word));
+            const archive::Job job = archive::JobOf(std::move(given));
+            return Do([&](const auto& telling) { return archive::Backup(job, telling); });
+        };
+    });
+
+    const auto add = [&](const char* name, const char* help, const Run& action) {
+        CLI::App* command = app.add_subcommand(name, help);
+        command->add_option("DESTINATION", options->drive, "The drive with the backups: a:")
+            ->required()
+            ->check([](const std::string& drive) {
+                const char letter = drive.empty() ? '\0' : static_cast<char>(drive[0] | 0x20);
+                const bool isDrive =
+                    letter >= 'a' && letter <= 'z' &&
+                    (drive.size() == 1 || drive.substr(1) == ":" || drive.substr(1) == ":\\");
+                return isDrive ? std::string() : drive + " is no drive";
+            });
+        command->add_option("BACKUP", options->name, "Its number in the list, or its name");
+        command->callback([&run, action] { run = action; });
+        return command;
+    };
+    add("restore", "Lists the backups of a drive, or brings one back to where it came from",
+        [options] {
+            return Do([&](const archive::Telling& telling) {
+                if (options->name.empty()) {
+                    archive::TellStored(options->Letter(), telling);
+                    return archive::Outcome::kAllRight;
+                }
+                return archive::Restore(options->Letter(), options->Which(), options->replace,
+                                        telling);
+            });
+        })
+        ->add_flag("--replace", options->replace,
+                   "Also where something else stands; that is kept beside it under a name with "
+                   "the date");
+    add("verify", "Reads a backup, or all of a drive, and compares it with its list", [options] {
+        return Do([&](const archive::Telling& telling) {
+            return archive::Verify(options->Letter(), options->Which(), telling);
+        });
+    });
+}
+
+}  // namespace commandline
