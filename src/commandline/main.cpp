@@ -4,9 +4,12 @@
 #include <exception>
 #include <iostream>
 #include <string>
+#include <vector>
 
 #ifdef _WIN32
 #include <windows.h>
+
+#include <shellapi.h>
 #endif
 
 #include "app/system_config.h"
@@ -24,7 +27,34 @@ std::string Given(const std::string& utf8) {
 
 namespace {
 
+#ifdef _WIN32
+// In the set of the ANSI code page, in which they come, names would lack characters, and *.* might
+// have become what matches in the current directory.
+std::vector<std::string> ArgumentsInUtf8() {
+    int count = 0;
+    wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 0; i < count; ++i) {
+        const auto convert = [&](char* to, int size) {
+            return WideCharToMultiByte(CP_UTF8, 0, wide[i], -1, to, size, nullptr, nullptr);
+        };
+        std::string argument(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+        convert(argument.data(), static_cast<int>(argument.size()));
+        arguments.emplace_back(argument.c_str());
+    }
+    LocalFree(wide);
+    return arguments;
+}
+#endif
+
 int Main(int argc, char** argv) {
+#ifdef _WIN32
+    std::vector<std::string> arguments = ArgumentsInUtf8();
+    std::vector<char*> pointers;
+    for (std::string& argument : arguments) pointers.push_back(argument.data());
+    argc = static_cast<int>(pointers.size());
+    argv = pointers.data();
+#endif
     CLI::App app("Looks over the data of the Quarvel nesting system.", "quarvel-data");
     app.set_version_flag("--version", std::string(app::VersionText));
     app.require_subcommand(1);
