@@ -152,9 +152,9 @@ bool Run::IsWanted(const Item& item, const fs::path& path) {
 void Run::FindRoom() {
     const auto available = [&] {
         std::error_code error;
-        const auto space = fs::space(backups_, error);
+        const std::uint64_t room = raw::Room(backups_, error);
         Check(backups_, error);
-        return space.available;
+        return room;
     };
     const std::uint64_t needed = RoomFor(list_.items);
     // What is of no use goes first only where there is no room beside it.

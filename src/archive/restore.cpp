@@ -103,12 +103,12 @@ void Restoration::RemoveInterrupted() const {
 
 void Restoration::Build(const fs::path& built) const {
     std::error_code error;
-    const auto space = fs::space(built.parent_path(), error);
+    const std::uint64_t room = raw::Room(built.parent_path(), error);
     Check(built.parent_path(), error);
-    if (BytesOf(list_.items) > space.available) {
+    if (BytesOf(list_.items) > room) {
         throw errors::Error("There is no room beside " + place_ + ": " +
                             std::to_string(BytesOf(list_.items)) + " bytes are needed, " +
-                            std::to_string(space.available) + " are free");
+                            std::to_string(room) + " are free");
     }
     Progress progress(telling_, WorkOf(list_.items) * 2);
     for (const Item& item : list_.items) {
@@ -159,6 +159,7 @@ void Restoration::PutInPlace(const fs::path& built, bool stands) const {
     raw::Exchange(path_, aside, error);
     if (error == std::errc::function_not_supported) {
         // In two steps, then. What stood there is back where the second one fails.
+        error.clear();
         rename(aside, built);
         rename(path_, aside);
         raw::Rename(built, path_, error);

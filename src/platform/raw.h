@@ -88,6 +88,9 @@ class Writer {
 void SetTime(const fs::path& folder, const Time& time, std::error_code& error);
 void SetRights(const fs::path& path, const std::string& rights, std::error_code& error);
 
+// How many bytes can still be written into the folder by whoever asks.
+std::uint64_t Room(const fs::path& folder, std::error_code& error);
+
 // What was written below the folder is on the disk afterwards, new names included.
 void Flush(const fs::path& folder, std::error_code& error);
 

@@ -110,11 +110,12 @@ class Archive : public ::testing::Test {
         SetTimes();
     }
     void SetTimes() {
-        int n = 0;
+        std::int64_t seconds = 1'000'000'000;
+        std::error_code error;
         for (const auto& entry : fs::recursive_directory_iterator(drives.Path(kPlace))) {
-            fs::last_write_time(entry,
-                                fs::last_write_time(entry) - std::chrono::seconds(++n * 1001));
+            raw::SetTime(entry.path(), {seconds += 1001, 100}, error);
         }
+        ASSERT_FALSE(error) << error.message();
     }
 
     test::TempDrives drives;
@@ -164,11 +165,21 @@ TEST_F(Archive, WordsOfABackup) {
 
 TEST_F(Archive, AListIsReadOnlyWhole) {
     List list{"my job", kPlace, "\\tolvarin", "*.*", true, {}};
-    const string sum(64, 'e');
     using raw::EntryType;
-    list.items = {{"", {EntryType::kDirectory, 0, {-1, 5}, "m755"}, ""},
-                  {"\xC3\xA4 b", {EntryType::kDirectory, 0, {1, 999999999}, ""}, ""},
-                  {"\xC3\xA4 b/x", {EntryType::kFile, 18446744073709551615u, {0, 0}, "aR"}, sum}};
+    const auto add = [&](const char* name, EntryType type, std::uint64_t size, raw::Time time,
+                         const char* rights) {
+        Item item;
+        item.name = name;
+        item.info.type = type;
+        item.info.size = size;
+        item.info.changed = time;
+        item.info.rights = rights;
+        if (!item.IsFolder()) item.checksum = string(64, 'e');
+        list.items.push_back(item);
+    };
+    add("", EntryType::kDirectory, 0, {-1, 5}, "m755");
+    add("\xC3\xA4 b", EntryType::kDirectory, 0, {1, 999999999}, "");
+    add("\xC3\xA4 b/x", EntryType::kFile, 18446744073709551615u, {0, 0}, "aR");
     string text = TextOf(list);
     EXPECT_EQ(TextOf(ListOf(text)), text);
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -180,7 +191,7 @@ TEST_F(Archive, AListIsReadOnlyWhole) {
     // Sealed, and yet nothing to be followed.
     for (const char* name : {"../x", "a/../../x", "/x", "a//b", "a/", ".", "a/.", "x/..", ""}) {
         list.items.resize(3);
-        list.items.push_back({name, {EntryType::kFile, 0, {}, ""}, sum});
+        add(name, EntryType::kFile, 0, {}, "");
         EXPECT_THROW(ListOf(TextOf(list)), NativeError) << name;
     }
     list.items.back() = list.items[2];
@@ -191,25 +202,37 @@ TEST_F(Archive, AListIsReadOnlyWhole) {
 #endif
 }
 
+// On Windows what is backed up stays below the limit of other programs' paths; the backup does not.
+#ifdef _WIN32
+constexpr std::size_t kWide = 140, kLongest = 240;
+#else
+constexpr std::size_t kWide = 200, kLongest = 900;
+#endif
+
 TEST_F(Archive, BringsBackRandomTrees) {
     std::mt19937 random(7);
-    std::vector<string> names{"a",      " b c",           "M\xC3\xBCller & S\xC3\xB6hne", "x.DSN",
-                              "%TEMP%", string(200, 'n'), "\xD0\x96\xE2\x82\xAC",         "-s",
+    std::vector<string> names{"a",
+                              " b c",
+                              "M\xC3\xBCller & S\xC3\xB6hne",
+                              "x.DSN",
+                              "%TEMP%",
+                              string(kWide, 'n'),
+                              "\xD0\x96\xE2\x82\xAC",
+                              "-s",
                               "c;d,e=f"};
 #ifndef _WIN32
     names.insert(names.end(), {"a\nb\\c", "*.*", "tab\t:", "\xFF no text", "end ."});
 #endif
     for (int round = 0; round < 6; ++round) {
         const fs::path top = drives.Path(kPlace);
-        fs::remove_all(top);
+        RemoveTree(top);
         std::vector<fs::path> folders{top};
         fs::create_directory(top);
         for (int n = 0; n < 60; ++n) {
             const string& name = names[random() % names.size()];
             fs::path path = folders[random() % folders.size()] /
                             fs::path(std::u8string(name.begin(), name.end()));
-            if (path.native().size() > 900) continue;
-            if (fs::exists(path)) continue;
+            if (path.native().size() > kLongest || fs::exists(path)) continue;
             if (random() % 3 == 0) {
                 fs::create_directory(path);
                 folders.push_back(path);
@@ -226,14 +249,12 @@ TEST_F(Archive, BringsBackRandomTrees) {
         ASSERT_EQ(DoVerify(name), Outcome::kAllRight) << said;
         EXPECT_EQ(DoRestore(name, false), Outcome::kAllRight) << said;
         EXPECT_NE(said.find("is as it was backed up"), said.npos);
-        for (const auto& [entry, state] : before) {
-            fs::permissions(top / fs::path(std::u8string(entry.begin(), entry.end())),
-                            fs::perms::owner_all, fs::perm_options::add);
-        }
-        fs::remove_all(top);
+        RemoveTree(top);
         ASSERT_EQ(DoRestore(name, false), Outcome::kAllRight) << said;
         EXPECT_EQ(Place(), before);
     }
+    RemoveTree(BackupsFolder('d'));
+    EXPECT_EQ(drives.Count("d:\\"), 0);
 }
 
 TEST_F(Archive, ReplacesOnlyWhenAskedAndKeepsWhatWasThere) {
@@ -350,7 +371,7 @@ TEST_F(Archive, EveryChangedBitIsFound) {
         {"COMP/a", 0, Outcome::kSomething, "changed: COMP/a"},
         {kListName, 100, Outcome::kNotDone, "it is cut off or was changed"}};
     for (const auto& [name, at, outcome, told] : cases) {
-        const auto flip = [&, at_ = at, path = stored / name] {
+        const auto flip = [&, at_ = at, path = (stored / name).make_preferred()] {
             std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
             file.seekg(at_);
             const int byte = file.get();

@@ -149,6 +149,10 @@ void SetRights(const fs::path& path, const std::string& rights, std::error_code&
     if (mode != kNone && Retry([&] { return chmod(path.c_str(), mode); }) != 0) error = LastError();
 }
 
+std::uint64_t Room(const fs::path& folder, std::error_code& error) {
+    return fs::space(folder, error).available;
+}
+
 void Flush(const fs::path& folder, std::error_code& error) {
     const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
     const Descriptor file(Retry([&] { return open(folder.c_str(), flags); }));

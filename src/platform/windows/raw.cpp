@@ -181,6 +181,12 @@ void SetRights(const fs::path& path, const std::string& rights, std::error_code&
     }
 }
 
+std::uint64_t Room(const fs::path& folder, std::error_code& error) {
+    ULARGE_INTEGER room = {};
+    if (!GetDiskFreeSpaceExW(folder.c_str(), &room, nullptr, nullptr)) error = LastError();
+    return room.QuadPart;
+}
+
 // Every file was flushed when it was finished, and names are written through with it.
 void Flush(const fs::path&, std::error_code&) {}
 
