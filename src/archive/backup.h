@@ -19,11 +19,11 @@ enum class Outcome {
 };
 
 struct Job {
-    std::string folder;         // of the system: "c:\tolvarin\USER\PROD\my job"
-    std::string pattern;        // of its own files: "*.*"
-    char drive = 0;             // letter of the destination
-    bool below = false;         // with the folders in it
-    std::optional<int> keep{};  // so many whole backups of the folder stay; without, all
+    std::string folder;       // of the system: "c:\tolvarin\USER\PROD\my job"
+    std::string pattern;      // of its own files: "*.*"
+    char drive = 0;           // letter of the destination
+    bool below = false;       // with the folders in it
+    std::optional<int> keep;  // so many whole backups of the folder stay; without, all
 
     // What it is called: the last component of the folder, "All Data", "Design Data" or "Production
     // Data" for the folders of these, "Drive c" for a whole drive.

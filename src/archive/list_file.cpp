@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <optional>
 #include <set>
+#include <utility>
 
 #include "archive/sha256.h"
 
@@ -108,18 +109,23 @@ string NameIn(string_view escaped, bool isEscaped) {
 
 string TextOf(const List& list) {
     string text(kFirstLine);
-    text += "# what " + list.what + "\n# folder " + list.folder + "\n# root " + list.root +
-            "\n# files " + list.pattern + "\n# below " + (list.below ? "yes" : "no") + "\n";
+    const std::pair<const char*, string> head[] = {{"what", list.what},
+                                                   {"folder", list.folder},
+                                                   {"root", list.root},
+                                                   {"files", list.pattern},
+                                                   {"below", list.below ? "yes" : "no"}};
+    for (const auto& [key, value] : head)
+        text.append("# ").append(key).append(" ").append(value) += '\n';
     for (const Item& item : list.items) {
         const string escaped = Escaped(item.name);
         const string details = Details(item.info) + " ";
         if (item.IsFolder()) {
-            text += "# d " + details + (item.name.empty() ? "." : escaped) + "\n";
+            text.append("# d ").append(details).append(item.name.empty() ? "." : escaped) += '\n';
             continue;
         }
         // That something in the name is escaped is said in front.
-        text += "# f " + details + "\n" + (escaped == item.name ? "" : "\\") + item.checksum +
-                "  " + escaped + "\n";
+        text.append("# f ").append(details).append(escaped == item.name ? "\n" : "\n\\");
+        text.append(item.checksum).append("  ").append(escaped) += '\n';
     }
     Sha256 sum;
     sum.Add(text);

@@ -25,7 +25,7 @@ void Sha256::AddBlocks(const unsigned char* bytes, std::size_t blocks) {
     using std::rotr;
     for (; blocks > 0; --blocks, bytes += kBlock) {
         std::uint32_t w[64];
-        for (int t = 0; t < 16; ++t) {
+        for (std::size_t t = 0; t < 16; ++t) {
             w[t] = std::uint32_t{bytes[4 * t]} << 24 | std::uint32_t{bytes[4 * t + 1]} << 16 |
                    std::uint32_t{bytes[4 * t + 2]} << 8 | bytes[4 * t + 3];
         }

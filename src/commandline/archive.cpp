@@ -41,7 +41,7 @@ class Console {
   private:
     void Say(const std::string& line) {
         Clear();
-        std::cout << line << std::endl;
+        std::cout << line << '\n' << std::flush;
     }
     void Show(int percent, const std::string& name) {
         const auto now = std::chrono::steady_clock::now();
@@ -63,7 +63,7 @@ class Console {
     }
 
     const bool terminal_ = IsTerminal();
-    std::chrono::steady_clock::time_point next_{};
+    std::chrono::steady_clock::time_point next_;
     std::size_t shown_ = 0;  // bytes, no fewer than columns
 };
 
@@ -92,6 +92,25 @@ struct Options {
     }
 };
 
+using Work = archive::Outcome (*)(const Options& options, const archive::Telling& telling);
+
+archive::Outcome ListOrRestore(const Options& options, const archive::Telling& telling) {
+    if (!options.name.empty()) {
+        return archive::Restore(options.Letter(), options.Which(), options.replace, telling);
+    }
+    archive::TellStored(options.Letter(), telling);
+    return archive::Outcome::kAllRight;
+}
+
+// What is wrong with a drive that was given; empty for one that can be.
+std::string DriveFault(const std::string& drive) {
+    const char letter = drive.empty() ? '\0' : static_cast<char>(drive[0] | 0x20);
+    const std::string rest = drive.substr(drive.empty() ? 0 : 1);
+    const bool isDrive =
+        letter >= 'a' && letter <= 'z' && (rest.empty() || rest == ":" || rest == ":\\");
+    return isDrive ? std::string() : drive + " is no drive";
+}
+
 const char* const kBackupHelp =
     "quarvel-data backup SOURCE DESTINATION [/s] [--keep N]\n"
     "SOURCE is everything in front of the last drive: c:\\tolvarin\\USER\\PROD\\my job\\*.*\n"
@@ -112,47 +131,35 @@ void AddArchive(CLI::App& app, Run& run) {
     backup->prefix_command();
     backup->callback([&run, backup] {
         run = [words = backup->remaining()] {
-            std::vector<std::string> given;
-            for (const auto& word : words) given.push_back(Given(word));
+            std::vector<std::string> given(words.size());
+            std::transform(words.begin(), words.end(), given.begin(), Given);
             const archive::Job job = archive::JobOf(std::move(given));
             return Do([&](const auto& telling) { return archive::Backup(job, telling); });
         };
     });
 
-    const auto add = [&](const char* name, const char* help, const Run& action) {
+    const auto add = [&](const char* name, const char* help, Work work) {
         CLI::App* command = app.add_subcommand(name, help);
         command->add_option("DESTINATION", options->drive, "The drive with the backups: a:")
             ->required()
-            ->check([](const std::string& drive) {
-                const char letter = drive.empty() ? '\0' : static_cast<char>(drive[0] | 0x20);
-                const bool isDrive =
-                    letter >= 'a' && letter <= 'z' &&
-                    (drive.size() == 1 || drive.substr(1) == ":" || drive.substr(1) == ":\\");
-                return isDrive ? std::string() : drive + " is no drive";
-            });
+            ->check(DriveFault);
         command->add_option("BACKUP", options->name, "Its number in the list, or its name");
-        command->callback([&run, action] { run = action; });
+        command->callback([&run, options, work] {
+            run = [options, work] {
+                return Do([&](const auto& telling) { return work(*options, telling); });
+            };
+        });
         return command;
     };
     add("restore", "Lists the backups of a drive, or brings one back to where it came from",
-        [options] {
-            return Do([&](const archive::Telling& telling) {
-                if (options->name.empty()) {
-                    archive::TellStored(options->Letter(), telling);
-                    return archive::Outcome::kAllRight;
-                }
-                return archive::Restore(options->Letter(), options->Which(), options->replace,
-                                        telling);
-            });
-        })
+        ListOrRestore)
         ->add_flag("--replace", options->replace,
                    "Also where something else stands; that is kept beside it under a name with "
                    "the date");
-    add("verify", "Reads a backup, or all of a drive, and compares it with its list", [options] {
-        return Do([&](const archive::Telling& telling) {
-            return archive::Verify(options->Letter(), options->Which(), telling);
+    add("verify", "Reads a backup, or all of a drive, and compares it with its list",
+        [](const Options& given, const archive::Telling& telling) {
+            return archive::Verify(given.Letter(), given.Which(), telling);
         });
-    });
 }
 
 }  // namespace commandline

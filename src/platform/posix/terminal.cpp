@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -87,9 +88,9 @@ bool StartBatchFile(const fs::path& path, std::error_code& error) {
     if (error) return false;
     std::vector<std::string> command = CommandFor(batchFile);
     if (command.empty()) return false;
-    std::vector<char*> arguments;
-    for (std::string& argument : command) arguments.push_back(argument.data());
-    arguments.push_back(nullptr);
+    std::vector<char*> arguments(command.size() + 1, nullptr);
+    std::transform(command.begin(), command.end(), arguments.begin(),
+                   [](std::string& argument) { return argument.data(); });
     const std::string folder = path.parent_path().native();
 
     int ends[2];

@@ -191,7 +191,14 @@ std::uint64_t Room(const fs::path& folder, std::error_code& error) {
 void Flush(const fs::path&, std::error_code&) {}
 
 void Rename(const fs::path& from, const fs::path& to, std::error_code& error) {
-    if (!MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH)) error = LastError();
+    if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH)) return;
+    error = LastError();
+    // A share may have done what it reports as failed.
+    std::error_code other;
+    if (error.value() != ERROR_ALREADY_EXISTS && Look(from, other).type == EntryType::kMissing &&
+        !other && Look(to, other).type != EntryType::kMissing) {
+        error.clear();
+    }
 }
 
 void Exchange(const fs::path&, const fs::path&, std::error_code& error) {
