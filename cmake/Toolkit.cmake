@@ -55,3 +55,7 @@ if(WIN32)
     target_link_options(sysman PRIVATE $<$<CONFIG:Release>:-s>)  # it is copied to workshop PCs
 endif()
 set_target_properties(sysman PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+# A backup is done by the program beside it.
+if(TARGET quarvel-data)
+    add_dependencies(sysman quarvel-data)
+endif()

@@ -29,6 +29,7 @@ int Main(int argc, const char* const* argv, std::ostream& out, std::ostream& err
     Run run;
     AddInspection(app, run, out);
     AddReport(app, run, errors);
+    AddArchive(app, run, out, errors);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -17,9 +17,11 @@ inline constexpr int kNothingFound = 0, kSomethingFound = 1, kNotDone = 2;
 
 using Run = std::function<int()>;
 
-// What they have to say goes to `out`, in UTF-8.
+// What they have to say goes to `out`, and what keeps them from it to `errors`, in UTF-8.
 void AddInspection(CLI::App& app, Run& run, std::ostream& out);  // check, uses
 void AddReport(CLI::App& app, Run& run, std::ostream& errors);   // report
+// backup, restore, verify
+void AddArchive(CLI::App& app, Run& run, std::ostream& out, std::ostream& errors);
 
 // The whole program: reads the command line, finds the installation as the System Manager does and
 // runs the command. Returns the exit status; never throws.

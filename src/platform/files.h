@@ -42,7 +42,9 @@ std::uintmax_t FileLen(std::string_view path);
 
 // Starts a batch file with the command interpreter in a maximised window that takes the focus,
 // without waiting for it. It is read in the system's character set, in its own directory, and
-// finds the programs beside this one first. False on a platform without a command interpreter.
+// finds the programs beside this one first. On a platform without that interpreter what its line
+// "backup ..." says is done by quarvel-data in a terminal of the desktop; false where there is no
+// such line, no terminal or no quarvel-data.
 bool StartBatchFile(std::string_view path);
 
 }  // namespace platform

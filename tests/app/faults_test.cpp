@@ -8,11 +8,9 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <map>
-#include <random>
 
 #include "app/sys_man.h"
 #include "app/system_config.h"
@@ -139,9 +137,6 @@ class Place : public test::Workshop, private views::Screen {
 };
 
 TEST(Faults, LeaveTheOldOrTheNewAndTellTheTruth) {
-    const char* const chosen = std::getenv("FAULTS");
-    const std::string seed = chosen != nullptr ? chosen : "1";
-    std::mt19937 random(static_cast<unsigned>(std::atoi(seed.c_str())));
     // In memory flushing costs nothing.
     const auto usual = fs::temp_directory_path().string();
     const test::Environment folder("TMPDIR", access("/dev/shm", W_OK) == 0 ? "/dev/shm" : usual);
@@ -172,21 +167,13 @@ TEST(Faults, LeaveTheOldOrTheNewAndTellTheTruth) {
         const auto flush = static_cast<std::size_t>(flushed - calls.begin()) + 1;
         const Tree done = now;
         ASSERT_NE(before, done) << work.name;
-        std::vector<std::pair<std::size_t, Fault>> cases;
-        for (std::size_t n = 1; n <= calls.size(); ++n) {
-            for (const auto how : test::kWays) {
-                if (how.starts_with("overtaken") && work.told != kFailure) continue;
-                for (const int error : test::kErrors)
-                    if (Fault{how, error}.Fits(calls[n - 1])) cases.push_back({n, {how, error}});
-            }
-        }
-        std::shuffle(cases.begin(), cases.end(), random);
-        if (seed != "all") cases.resize(std::min(cases.size(), test::kSample));
+        const auto cases = test::CasesOf(calls, work.told == kFailure, test::kSample);
         std::cout << work.name << ": " << calls.size() << " calls, " << cases.size() << " cases\n";
         for (const auto& [n, fault] : cases) {
             const std::string said = runWith(fault, n);
             SCOPED_TRACE(std::string(work.name) + ", " + calls.at(n - 1) + " " + fault.how.data() +
-                         " with " + std::to_string(fault.error) + ", seed " + seed + ": " + said);
+                         " with " + std::to_string(fault.error) + ", seed " + test::Seed() + ": " +
+                         said);
             const bool swapped = fault.how.starts_with("overtaken"), killed = fault.how == "killed";
             EXPECT_TRUE(said != "CRASHED" && said != "WRONG LIST");
             for (const auto& [path, state] : before) {

@@ -2,7 +2,10 @@
 // cut. The program's own calls go wrong, not a stand-in for them.
 #pragma once
 
+#include <algorithm>
+#include <cstdlib>
 #include <functional>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +34,35 @@ struct Fault {
         return error == 0 && (moves || !cut);
     }
 };
+
+// A fault in the n-th call, counted from 1.
+struct Case {
+    std::size_t n;
+    Fault fault;
+};
+
+// The seed of the sample that a run takes, from FAULTS in the environment; "all" for every case.
+inline std::string Seed() {
+    const char* const chosen = std::getenv("FAULTS");
+    return chosen != nullptr ? chosen : "1";
+}
+
+// What can go wrong in these calls, so many cases at the most.
+inline std::vector<Case> CasesOf(const std::vector<std::string>& calls, bool overtaken,
+                                 std::size_t most) {
+    std::vector<Case> cases;
+    for (std::size_t n = 1; n <= calls.size(); ++n) {
+        for (const auto how : kWays) {
+            if (how.starts_with("overtaken") && !overtaken) continue;
+            for (const int error : kErrors)
+                if (Fault{how, error}.Fits(calls[n - 1])) cases.push_back({n, {how, error}});
+        }
+    }
+    static std::mt19937 random(static_cast<unsigned>(std::atoi(Seed().c_str())));
+    std::shuffle(cases.begin(), cases.end(), random);
+    if (Seed() != "all") cases.resize(std::min(cases.size(), most));
+    return cases;
+}
 
 // Runs the work with a fault in its n-th call, counted from 1; 0 for none. Gives back what the work
 // does, or CRASHED, and puts the names of its calls that can fail, as far as they were watched,

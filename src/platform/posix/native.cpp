@@ -103,8 +103,4 @@ fs::path FindEntry(const fs::path& folder, std::string_view name, Lookup lookup)
     return matches.empty() ? exact : folder / matches.front();
 }
 
-bool StartBatchFile(const fs::path&, std::error_code&) {
-    return false;
-}
-
 }  // namespace platform::native

@@ -1,0 +1,1 @@
+@"%~dp0quarvel-data.exe" backup %* & pause

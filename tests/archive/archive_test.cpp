@@ -1,0 +1,540 @@
+// Backups and what is brought back from them: byte for byte, whatever happens meanwhile.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <random>
+#include <sstream>
+
+#include "app/system_config.h"
+#include "archive/sha256.h"
+#include "archive/stored.h"
+#include "tests/support/one_fault.h"
+#include "tests/support/temp_drives.h"
+
+#ifndef _WIN32
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+using namespace archive;
+using std::string;
+using Tree = std::map<string, string>;
+
+const string kPlace = "c:\\tolvarin\\USER\\PROD\\my job";
+
+TEST(Sha256, IsTheStandards) {
+    const auto hex = [](const string& bytes, std::size_t piece) {
+        Sha256 sum;
+        for (std::size_t at = 0; at < bytes.size(); at += piece) sum.Add(bytes.substr(at, piece));
+        return sum.Hex();
+    };
+    const std::pair<string, const char*> cases[] = {
+        {"", "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855"},
+        {"abc", "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"},
+        {"abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq",
+         "248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1"},
+        {"abcdefghbcdefghicdefghijdefghijkefghijklfghijklmghijklmnhijklmnoijklmnopjklmnopqklmnopqrl"
+         "mnopqrsmnopqrstnopqrstu",
+         "cf5b16a778af8380036ce59e7b0492370b249b11e8f07a51afac45037afee9d1"},
+        {string(1000000, 'a'), "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0"}};
+    for (const auto& [bytes, expected] : cases) {
+        for (const std::size_t piece : {1, 63, 64, 1000}) EXPECT_EQ(hex(bytes, piece), expected);
+    }
+}
+
+class Archive : public ::testing::Test {
+  protected:
+    Archive() {
+        app::TheConfig().NestRootDir = "\\tolvarin";
+        drives.MakeDir("c:\\tolvarin\\USER\\PROD");
+        telling.say = [this](const string& line) { said += line + "\n"; };
+        telling.progress = [this](int percent, const string&) {
+            EXPECT_TRUE(percent >= 0 && percent <= 100) << percent;
+            if (meanwhile) meanwhile();
+        };
+    }
+
+    // What is below a folder, with bytes, times and rights.
+    static Tree TreeIn(const fs::path& top) {
+        Tree tree;
+        for (const auto& entry : fs::recursive_directory_iterator(top)) {
+            const auto time = entry.last_write_time().time_since_epoch().count();
+            const auto name = entry.path().lexically_relative(top).generic_u8string();
+            string& state = tree[string(name.begin(), name.end())];
+            state = std::to_string(static_cast<int>(entry.status().permissions())) + " " +
+                    std::to_string(time) + " ";
+            if (!entry.is_regular_file()) continue;
+            std::ifstream file(entry.path(), std::ios::binary);
+            state += "|" + string(std::istreambuf_iterator<char>(file), {});
+        }
+        return tree;
+    }
+    Tree Place() const { return TreeIn(drives.Path(kPlace)); }
+    std::vector<Stored> All() const { return StoredIn(BackupsFolder('d')); }
+    // What a command ends with, and what it has said.
+    Outcome Ends(const std::function<Outcome()>& work) {
+        said.clear();
+        try {
+            return work();
+        } catch (const errors::Error& failure) {
+            said += Said(failure);
+            return Outcome::kNotDone;
+        }
+    }
+    Outcome DoBackup(const string& words) {
+        std::istringstream stream(words);
+        std::vector<string> list{std::istream_iterator<string>(stream), {}};
+        return Ends([&] { return Backup(JobOf(list), telling); });
+    }
+    Outcome DoBackup() { return DoBackup(kPlace + "\\*.* d: /s"); }
+    Outcome DoRestore(const string& which, bool replace) {
+        return Ends([&] { return Restore('d', which, replace, telling); });
+    }
+    Outcome DoVerify(const string& which = {}) {
+        return Ends([&] { return Verify('d', which, telling); });
+    }
+    // A few files and folders with times of their own.
+    void MakeJob(const string& bytes) {
+        fs::remove_all(drives.Path(kPlace));
+        drives.Write(kPlace + "\\MATERIAL.DAT", bytes);
+        drives.Write(kPlace + "\\COMP\\a", "a");
+        drives.MakeDir(kPlace + "\\TAPE");
+        SetTimes();
+    }
+    void SetTimes() {
+        std::int64_t seconds = 1'000'000'000;
+        std::error_code error;
+        for (const auto& entry : fs::recursive_directory_iterator(drives.Path(kPlace))) {
+            raw::SetTime(entry.path(), {seconds += 1001, 100}, error);
+        }
+        ASSERT_FALSE(error) << error.message();
+    }
+
+    test::TempDrives drives;
+    Telling telling;
+    string said;
+    std::function<void()> meanwhile;
+};
+
+TEST_F(Archive, WordsOfABackup) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"c:\\tolvarin\\USER\\PROD\\my job\\*.* a: /s",
+         "c:\\tolvarin\\USER\\PROD\\my job|*.*|a|below|0|my job"},
+        {"c:\\a b\\c: d\\x a: B:\\ --keep 3 /S", "c:\\a b\\c: d\\x a:|*.*|b|below|3|x a:"},
+        {"--keep=2 c:\\TOLVARIN\\user\\*.ds? a:", "c:\\TOLVARIN\\user|*.ds?|a||2|All Data"},
+        {"c:\\tolvarin\\USER\\DESIGN A:", "c:\\tolvarin\\USER\\DESIGN|*.*|a||0|Design Data"},
+        {"d:\\tolvarin\\USER\\prod\\* e:", "d:\\tolvarin\\USER\\prod|*|e||0|Production Data"},
+        {"c:\\other\\USER\\*.* e:", "c:\\other\\USER|*.*|e||0|USER"},
+        {"c:\\*.* e: /s", "c:|*.*|e|below|0|Drive c"},
+        {"c:\\a a: /x", "\"/x\" is none of /s and --keep N"},
+        {"c:\\a a: --keep", "--keep is to be followed by the number of backups, at least 1"},
+        {"c:\\a a: --keep 0", "--keep is to be followed by the number of backups, at least 1"},
+        {"a: /s", "What is to be backed up, and to which drive?"},
+        {"", "What is to be backed up, and to which drive?"},
+        {"my job", "What is to be backed up, and to which drive?"}};
+    for (const auto& [words, expected] : cases) {
+        std::istringstream stream(words);
+        string got;
+        try {
+            const Job job = JobOf({std::istream_iterator<string>(stream), {}});
+            got = job.folder + "|" + job.pattern + "|" + job.drive + "|" +
+                  (job.below ? "below" : "") + "|" + std::to_string(job.keep.value_or(0)) + "|" +
+                  job.What();
+        } catch (const errors::Error& failure) {
+            got = failure.what();
+        }
+        EXPECT_EQ(got, expected) << words;
+    }
+    const std::tuple<const char*, const char*, bool> names[] = {
+        {"a", "*.*", true},          {"A.DSN", "*.dsn", true},       {"a.dsn2", "*.dsn", false},
+        {"\xC3\x84.x", "?.X", true}, {"\xC3\xA4", "\xC3\x84", true}, {"\xD0\x96", "?", true},
+        {"ab", "?", false},          {"aab", "a*b", true},           {"", "*", true},
+        {"abc", "*b", false}};
+    for (const auto& [name, pattern, fits] : names) EXPECT_EQ(Matches(name, pattern), fits) << name;
+    const string many(250, 'a');
+    EXPECT_FALSE(Matches(many, "*a*a*a*a*a*a*a*a*a*a*a*a*a*b"));
+}
+
+TEST_F(Archive, AListIsReadOnlyWhole) {
+    List list{"my job", kPlace, "\\tolvarin", "*.*", true, {}};
+    using raw::EntryType;
+    const auto add = [&](const char* name, EntryType type, std::uint64_t size, raw::Time time,
+                         const char* rights) {
+        Item item;
+        item.name = name;
+        item.info.type = type;
+        item.info.size = size;
+        item.info.changed = time;
+        item.info.rights = rights;
+        if (!item.IsFolder()) item.checksum = string(64, 'e');
+        list.items.push_back(item);
+    };
+    add("", EntryType::kDirectory, 0, {-1, 5}, "m755");
+    add("\xC3\xA4 b", EntryType::kDirectory, 0, {1, 999999999}, "");
+    add("\xC3\xA4 b/x", EntryType::kFile, 18446744073709551615u, {0, 0}, "aR");
+    string text = TextOf(list);
+    EXPECT_EQ(TextOf(ListOf(text)), text);
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        string other = text;
+        other[at] = static_cast<char>(other[at] ^ 1);
+        EXPECT_THROW(ListOf(other), NativeError) << at;
+        EXPECT_THROW(ListOf(text.substr(0, at)), NativeError) << at;
+    }
+    // Sealed, and yet nothing to be followed.
+    for (const char* name : {"../x", "a/../../x", "/x", "a//b", "a/", ".", "a/.", "x/..", ""}) {
+        list.items.resize(3);
+        add(name, EntryType::kFile, 0, {}, "");
+        EXPECT_THROW(ListOf(TextOf(list)), NativeError) << name;
+    }
+    list.items.back() = list.items[2];
+    EXPECT_THROW(ListOf(TextOf(list)), NativeError) << "twice";
+#ifndef _WIN32
+    list.items.back().name = "a\nb\\c\r";
+    EXPECT_EQ(ListOf(TextOf(list)).items.back().name, "a\nb\\c\r");
+#endif
+}
+
+// On Windows what is backed up stays below the limit of other programs' paths; the backup does not.
+#ifdef _WIN32
+constexpr std::size_t kWide = 140, kLongest = 240;
+#else
+constexpr std::size_t kWide = 200, kLongest = 900;
+#endif
+
+TEST_F(Archive, BringsBackRandomTrees) {
+    std::mt19937 random(7);
+    std::vector<string> names{"a",
+                              " b c",
+                              "M\xC3\xBCller & S\xC3\xB6hne",
+                              "x.DSN",
+                              "%TEMP%",
+                              string(kWide, 'n'),
+                              "\xD0\x96\xE2\x82\xAC",
+                              "-s",
+                              "c;d,e=f"};
+#ifndef _WIN32
+    names.insert(names.end(), {"a\nb\\c", "*.*", "tab\t:", "\xFF no text", "end ."});
+#endif
+    for (int round = 0; round < 6; ++round) {
+        const fs::path top = drives.Path(kPlace);
+        RemoveTree(top);
+        std::vector<fs::path> folders{top};
+        fs::create_directory(top);
+        for (int n = 0; n < 60; ++n) {
+            const string& name = names[random() % names.size()];
+            fs::path path = folders[random() % folders.size()] /
+                            fs::path(std::u8string(name.begin(), name.end()));
+            if (path.native().size() > kLongest || fs::exists(path)) continue;
+            if (random() % 3 == 0) {
+                fs::create_directory(path);
+                folders.push_back(path);
+                continue;
+            }
+            const std::size_t sizes[] = {0, 1, 4096, random() % 100000, raw::Block::kSize};
+            std::ofstream(path, std::ios::binary) << string(sizes[random() % 5], char(random()));
+            if (random() % 4 == 0) fs::permissions(path, fs::perms::owner_read);
+        }
+        SetTimes();
+        const Tree before = Place();
+        ASSERT_EQ(DoBackup(), Outcome::kAllRight) << said;
+        const string name = All().back().name;
+        ASSERT_EQ(DoVerify(name), Outcome::kAllRight) << said;
+        EXPECT_EQ(DoRestore(name, false), Outcome::kAllRight) << said;
+        EXPECT_NE(said.find("is as it was backed up"), said.npos);
+        RemoveTree(top);
+        ASSERT_EQ(DoRestore(name, false), Outcome::kAllRight) << said;
+        EXPECT_EQ(Place(), before);
+    }
+    RemoveTree(BackupsFolder('d'));
+    EXPECT_EQ(drives.Count("d:\\"), 0);
+}
+
+TEST_F(Archive, ReplacesOnlyWhenAskedAndKeepsWhatWasThere) {
+    MakeJob("old");
+    const Tree backedUp = Place();
+    ASSERT_EQ(DoBackup(), Outcome::kAllRight);
+    drives.Write(kPlace + "\\MATERIAL.DAT", "new");
+    drives.Write(kPlace + "\\COMP\\b", "");
+    fs::remove(drives.Path(kPlace + "\\TAPE"));
+    const Tree later = Place();
+    EXPECT_EQ(DoRestore("1", false), Outcome::kSomething);
+    EXPECT_TRUE(said.starts_with("missing: TAPE\nadded: COMP/b\nchanged: MATERIAL.DAT\n")) << said;
+    EXPECT_EQ(Place(), later);
+    for (int times = 1; times <= 2; ++times) {
+        EXPECT_EQ(DoRestore("1", true), Outcome::kAllRight) << said;
+        EXPECT_EQ(Place(), backedUp);
+        ASSERT_EQ(drives.Count("c:\\tolvarin\\USER\\PROD"), 1 + times);
+        drives.Write(kPlace + "\\COMP\\b",
+                     "");  // the second one has no time to wait for a new date
+    }
+    fs::remove_all(drives.Path(kPlace));
+    bool kept = false;
+    for (const auto& entry : fs::directory_iterator(drives.Path("c:\\tolvarin\\USER\\PROD"))) {
+        kept = kept || TreeIn(entry) == later;
+    }
+    EXPECT_TRUE(kept);
+    // On an installation with another root it belongs below that.
+    app::TheConfig().NestRootDir = "\\nest";
+    EXPECT_EQ(DoRestore("1", false), Outcome::kAllRight) << said;
+    EXPECT_EQ(TreeIn(drives.Path("c:\\nest\\USER\\PROD\\my job")), backedUp);
+    drives.Write("c:\\tolvarin\\USER\\PROD\\my job", "a file");
+    app::TheConfig().NestRootDir = "\\tolvarin";
+    EXPECT_EQ(DoRestore("1", false), Outcome::kSomething);
+    EXPECT_EQ(DoRestore("1", true), Outcome::kAllRight) << said;
+    for (const char* none : {"0", "2", "x", "01"})
+        EXPECT_EQ(DoRestore(none, true), Outcome::kNotDone);
+}
+
+TEST_F(Archive, WhatIsCopiedAndWhatIsTold) {
+    MakeJob("x");
+    drives.Write(kPlace + "\\b.dat", "b");
+    drives.Write(kPlace + "\\qvbackup.lst", "mine");
+    const auto names = [&] {
+        string all;
+        for (const Item& item : ListIn(All().back()).items) all += item.name + " ";
+        return all;
+    };
+    EXPECT_EQ(DoBackup(kPlace + "\\mat*.dat d:"), Outcome::kSomething);
+    EXPECT_NE(said.find("not copied: qvbackup.lst"), said.npos);
+    EXPECT_EQ(names(), " MATERIAL.DAT ");
+    fs::remove(drives.Path(kPlace + "\\qvbackup.lst"));
+    DoBackup(kPlace + "\\b* d: /s");
+    EXPECT_EQ(names(), " COMP COMP/a TAPE b.dat ");
+    DoBackup("c: c: /s");
+    DoBackup("c: c: /s");
+    EXPECT_NE(said.find("QVBACKUP: the folder of the backups"), said.npos) << said;
+    EXPECT_EQ(DoBackup("c:\\missing\\*.* d: /s"), Outcome::kNotDone);
+    EXPECT_EQ(DoBackup(kPlace + "\\*.* x: /s"), Outcome::kNotDone);
+    {
+        const raw::Claim claim(BackupsFolder('d'));
+        EXPECT_EQ(DoBackup(), Outcome::kNotDone);
+        EXPECT_EQ(said, "Another backup to this drive is running");
+    }
+    // Deleted are only whole ones of the same folder.
+    ASSERT_EQ(DoBackup(), Outcome::kAllRight) << said;
+    drives.Write("d:\\QVBACKUP\\2020-01-01 00.00.00 my job\\x", "no list");
+    drives.Write("d:\\QVBACKUP\\2020-01-01 00.00.00 my job.part\\x", "");
+    drives.Write("d:\\QVBACKUP\\mine.part\\x", "");
+    drives.Write("d:\\tolvarin\\USER\\PROD\\my job\\x", "another drive's");
+    ASSERT_EQ(DoBackup("d:\\tolvarin\\USER\\PROD\\my job\\*.* d: /s"), Outcome::kAllRight);
+    EXPECT_EQ(All().size(), 5u);  // without the interrupted one
+    EXPECT_EQ(DoBackup(kPlace + "\\*.* d: --keep 2 /s"), Outcome::kAllRight) << said;
+    EXPECT_EQ(All().size(), 4u);
+    EXPECT_TRUE(drives.Exists("d:\\QVBACKUP\\mine.part\\x"));
+    said.clear();
+    TellStored('d', telling);
+    EXPECT_NE(said.find("  my job  3 files  3 bytes  whole\n"), said.npos) << said;
+    EXPECT_NE(said.find("  1  2020-01-01 00.00.00  my job  cannot be read: "), said.npos) << said;
+    EXPECT_EQ(DoVerify(), Outcome::kNotDone);  // that without a list
+    // Changes while it is copied.
+    int calls = 0;
+    meanwhile = [&] {
+        if (++calls != 1) return;
+        drives.Write(kPlace + "\\b.dat", "longer");
+        fs::remove(drives.Path(kPlace + "\\MATERIAL.DAT"));
+    };
+    EXPECT_EQ(DoBackup(), Outcome::kSomething);
+    EXPECT_TRUE(said.starts_with("vanished meanwhile: MATERIAL.DAT\nchanged meanwhile: b.dat\n"))
+        << said;
+    EXPECT_EQ(DoVerify(All().back().name), Outcome::kAllRight) << said;
+    // The drive is drawn out.
+    meanwhile = [&, to = drives.Path("d:\\QVBACKUP")] {
+        if (fs::exists(to)) fs::rename(to, drives.Path("d:\\gone"));
+    };
+#ifndef _WIN32  // where a drive in use is not renamed
+    const auto before = drives.Count("d:\\QVBACKUP");
+    EXPECT_EQ(DoBackup(), Outcome::kNotDone);
+    EXPECT_EQ(drives.Count("d:\\gone"), before + 1);
+    meanwhile = {};
+    fs::create_directory_symlink("COMP", drives.Path(kPlace + "\\link"));
+    mkfifo(drives.Path(kPlace + "\\pipe").c_str(), 0600);
+    EXPECT_EQ(DoBackup(), Outcome::kSomething);
+    EXPECT_TRUE(said.starts_with("not copied: link: a link\nnot copied: pipe: neither")) << said;
+#endif
+}
+
+TEST_F(Archive, EveryChangedBitIsFound) {
+    MakeJob(string(3000, 'm'));
+    ASSERT_EQ(DoBackup(), Outcome::kAllRight);
+    fs::remove_all(drives.Path(kPlace));
+    const fs::path stored = All()[0].path;
+    const std::tuple<const char*, std::streamoff, Outcome, const char*> cases[] = {
+        {"MATERIAL.DAT", 2999, Outcome::kSomething, "changed: MATERIAL.DAT"},
+        {"COMP/a", 0, Outcome::kSomething, "changed: COMP/a"},
+        {kListName, 100, Outcome::kNotDone, "it is cut off or was changed"}};
+    for (const auto& [name, at, outcome, told] : cases) {
+        const auto flip = [&, at_ = at, path = (stored / name).make_preferred()] {
+            std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
+            file.seekg(at_);
+            const int byte = file.get();
+            file.seekp(at_);
+            file.put(static_cast<char>(byte ^ 4));
+        };
+        flip();
+        EXPECT_EQ(DoVerify("1"), outcome) << name;
+        EXPECT_NE(said.find(told), said.npos) << said;
+        EXPECT_EQ(DoRestore("1", true), Outcome::kNotDone) << name;
+        EXPECT_EQ(drives.Count("c:\\tolvarin\\USER\\PROD"), 0);
+        flip();
+    }
+    fs::rename(stored / "COMP", stored / "OTHER");
+    EXPECT_EQ(DoVerify(), Outcome::kSomething);
+    for (const char* told : {"missing: COMP\n", "missing: COMP/a\n", "added: OTHER/a\n"}) {
+        EXPECT_NE(said.find(told), said.npos) << said;
+    }
+    EXPECT_EQ(DoRestore("1", true), Outcome::kNotDone);
+}
+
+// Whatever goes wrong: what is called a backup is one, and in its place stands the old or the new.
+class ArchiveFaults : public Archive {
+  protected:
+    string Backing() { return DoBackup() == Outcome::kAllRight ? "" : said; }
+    string Restoring() { return DoRestore("1", true) == Outcome::kAllRight ? "" : said; }
+
+    void CheckBackups(const string& after) {
+        for (const Stored& stored : All()) {
+            if (stored.whole) {
+                EXPECT_EQ(DoVerify(stored.name), Outcome::kAllRight) << after << said;
+            }
+        }
+        EXPECT_EQ(Place(), before) << after;
+        EXPECT_EQ(DoBackup(), Outcome::kAllRight) << after << said;
+        for (const Stored& stored : All()) EXPECT_TRUE(stored.whole) << after;
+    }
+    void CheckPlace(const string& after, bool done) {
+        int news = 0, olds = 0;
+        for (const auto& entry : fs::directory_iterator(drives.Path("c:\\tolvarin\\USER\\PROD"))) {
+            const Tree tree = TreeIn(entry);
+            news += tree == before;
+            olds += tree == old;
+        }
+        const Tree now = Place();
+        EXPECT_TRUE(now == before || now == old) << after;
+        EXPECT_EQ(olds, 1) << after;
+        EXPECT_TRUE(!done || now == before) << after;
+        EXPECT_EQ(DoRestore("1", true), Outcome::kAllRight) << after << said;
+        for (const auto& entry : fs::directory_iterator(drives.Path("c:\\tolvarin\\USER\\PROD"))) {
+            EXPECT_NE(entry.path().extension(), ".restoring") << after;
+        }
+    }
+    void PrepareBackup() { fs::remove_all(drives.Path("d:\\QVBACKUP")); }
+    void PrepareRestore() {
+        fs::remove_all(drives.Path("c:\\tolvarin\\USER\\PROD"));
+        drives.Write(kPlace + "\\OLD", "old");
+        old = Place();
+    }
+
+    Tree before, old;
+};
+
+TEST_F(ArchiveFaults, LeaveNoHalfBackupAndTheOldOrTheNew) {
+    MakeJob(string(5000, 'x'));
+    before = Place();
+    for (const bool restoring : {false, true}) {
+        const auto work = [&] { return restoring ? Restoring() : Backing(); };
+        std::vector<string> calls;
+        const auto runWith = [&](const test::Fault& fault, std::size_t n) {
+            restoring ? PrepareRestore() : PrepareBackup();
+            return test::RunWith(fault, n, work, [] {}, calls);
+        };
+        ASSERT_EQ(runWith({}, 0), "");
+        if (calls.empty()) GTEST_SKIP() << "no call can be made to fail here";
+        for (const auto& [n, fault] : test::CasesOf(calls, false, 60)) {
+            const string told = runWith(fault, n);
+            const string after = calls.at(n - 1) + " " + string(fault.how) + " with " +
+                                 std::to_string(fault.error) + ": " + told + "\n";
+            ASSERT_NE(told, "CRASHED") << after;
+            const bool done = told.empty() && fault.how != "killed";
+            if (restoring) {
+                CheckPlace(after, done);
+            } else {
+                if (done) {
+                    EXPECT_EQ(DoRestore("1", false), Outcome::kAllRight) << after << said;
+                }
+                CheckBackups(after);
+            }
+        }
+    }
+}
+
+#ifndef _WIN32
+
+TEST_F(ArchiveFaults, KilledAtAnyMoment) {
+    MakeJob(string(2000000, 'x'));
+    for (int n = 0; n < 30; ++n) {
+        drives.Write(kPlace + "\\NEST\\" + std::to_string(n), string(n * 100, 'n'));
+    }
+    before = Place();
+    std::mt19937 random(3);
+    for (const bool restoring : {false, true}) {
+        for (int round = 0; round < 15; ++round) {
+            if (restoring) PrepareRestore();
+            const pid_t child = fork();
+            if (child == 0) {
+                const itimerval when = {{}, {0, 1 + static_cast<int>(random() % 30000)}};
+                setitimer(ITIMER_REAL, &when, nullptr);  // the alarm ends the process
+                if (restoring) {
+                    Restoring();
+                } else {
+                    Backing();
+                }
+                _exit(0);
+            }
+            random();
+            int status = 0;
+            waitpid(child, &status, 0);
+            if (restoring) {
+                CheckPlace("killed\n", WIFEXITED(status));
+            } else {
+                CheckBackups("killed\n");
+            }
+        }
+    }
+}
+
+TEST_F(ArchiveFaults, FullAndProtectedDisks) {
+    MakeJob(string(100000, 'x'));
+    before = Place();
+    ASSERT_EQ(DoBackup(), Outcome::kAllRight);
+    signal(SIGXFSZ, SIG_IGN);
+    rlimit limit;
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit small = {50000, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const Outcome backedUp = DoBackup();
+    EXPECT_NE(said.find("MATERIAL.DAT: File too large"), said.npos) << said;
+    PrepareRestore();
+    const Outcome restored = DoRestore("1", true);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_EQ(backedUp, Outcome::kNotDone);
+    EXPECT_EQ(restored, Outcome::kNotDone);
+    EXPECT_EQ(All().size(), 1u);
+    EXPECT_EQ(drives.Count("c:\\tolvarin\\USER\\PROD"), 1);
+    EXPECT_EQ(Place(), old);
+    // More than any disk has; nothing is written.
+    drives.Write(kPlace + "\\vast", "");
+    fs::resize_file(drives.Path(kPlace + "\\vast"), std::uintmax_t{1} << 43);
+    EXPECT_EQ(DoBackup(), Outcome::kNotDone);
+    EXPECT_TRUE(said.starts_with("There is no room on drive d: ")) << said;
+    EXPECT_EQ(drives.Count("d:\\QVBACKUP"), 1);
+    fs::remove(drives.Path(kPlace + "\\vast"));
+    if (geteuid() == 0) return;  // whom rights keep from nothing
+    chmod(drives.Path(kPlace + "\\OLD").c_str(), 0);
+    EXPECT_EQ(DoBackup(), Outcome::kNotDone);
+    EXPECT_TRUE(said.starts_with("cannot be read: OLD: ")) << said;
+    EXPECT_FALSE(All().back().whole);
+    chmod(drives.Path("d:\\QVBACKUP").c_str(), 0555);
+    EXPECT_EQ(DoBackup(), Outcome::kNotDone);
+}
+
+#endif
+
+}  // namespace
