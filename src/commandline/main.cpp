@@ -38,7 +38,7 @@ std::vector<std::string> ArgumentsInUtf8() {
 
 #endif
 
-int main(int argc, char** argv) {
+int main([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
 #ifdef _WIN32
     SetConsoleOutputCP(CP_UTF8);
     const std::vector<std::string> words = ArgumentsInUtf8();
