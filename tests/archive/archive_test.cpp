@@ -31,8 +31,8 @@ using Tree = std::map<string, string>;
 const string kPlace = "c:\\tolvarin\\USER\\PROD\\my job";
 
 TEST(Sha256, IsTheStandards) {
-    const auto hex = [](const string& bytes, std::size_t piece) {
-        Sha256 sum;
+    const auto hex = [](const string& bytes, std::size_t piece, Sha256::Way way) {
+        Sha256 sum(way);
         for (std::size_t at = 0; at < bytes.size(); at += piece) sum.Add(bytes.substr(at, piece));
         return sum.Hex();
     };
@@ -46,7 +46,10 @@ TEST(Sha256, IsTheStandards) {
          "cf5b16a778af8380036ce59e7b0492370b249b11e8f07a51afac45037afee9d1"},
         {string(1000000, 'a'), "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0"}};
     for (const auto& [bytes, expected] : cases) {
-        for (const std::size_t piece : {1, 63, 64, 1000}) EXPECT_EQ(hex(bytes, piece), expected);
+        for (const std::size_t piece : {1, 63, 64, 1000}) {
+            EXPECT_EQ(hex(bytes, piece, Sha256::Way::kFastest), expected);
+            EXPECT_EQ(hex(bytes, piece, Sha256::Way::kPlain), expected);
+        }
     }
 }
 
