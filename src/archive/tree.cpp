@@ -125,7 +125,7 @@ std::string Said(const std::exception& failure) {
 }
 
 std::string Reason(const std::error_code& error) {
-    return text::ToUtf8(error.message());
+    return text::ToUtf8(platform::native::Reason(error));
 }
 
 std::string Shown(const std::string& name) {

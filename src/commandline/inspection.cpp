@@ -3,6 +3,7 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "commandline/commands.h"
@@ -26,14 +27,14 @@ struct Options {
 
 void AddInspection(CLI::App& app, Run& run, std::ostream& out) {
     const auto options = std::make_shared<Options>();
-    const auto add = [&](CLI::App& to, const char* name, const char* help, const Run& action) {
+    const auto add = [&](CLI::App& to, const char* name, const char* help, Run action) {
         CLI::App* command = to.add_subcommand(name, help);
         command
             ->add_option("--drive", options->drives,
                          "Only this drive, by its letter; more than once for more drives")
             ->type_name("LETTER")
             ->allow_extra_args(false);
-        command->callback([&run, action] { run = action; });
+        command->callback([&run, action = std::move(action)] { run = action; });
         return command;
     };
     add(app, "check", "Tells what is wrong or doubtful: path:line: error, warning or note: text",

@@ -1,5 +1,6 @@
 // quarvel-data: looks over, shows, backs up and restores the data that the System Manager edits,
 // without a display.
+#include <algorithm>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -45,8 +46,9 @@ int main([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
 #else
     const std::vector<std::string> words(argv, argv + argc);
 #endif
-    std::vector<const char*> pointers;
-    for (const std::string& word : words) pointers.push_back(word.c_str());
+    std::vector<const char*> pointers(words.size());
+    std::transform(words.begin(), words.end(), pointers.begin(),
+                   [](const std::string& word) { return word.c_str(); });
     return commandline::Main(static_cast<int>(pointers.size()), pointers.data(), std::cout,
                              std::cerr);
 }

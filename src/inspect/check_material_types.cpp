@@ -25,17 +25,13 @@ void CheckMaterialTypes(const std::string& path, const std::string& bytes, Table
         const std::string section = code.substr(0, decltype(MaterialTypeRecord::Code)::kWidth);
         file.CheckName(line, code, decltype(MaterialTypeRecord::Code)::kWidth);
         if (std::find(seen.begin(), seen.end(), Comparable(section)) != seen.end()) {
-            file.Report(Severity::kWarning, line,
-                        code + " shares the section [" + section +
-                            "] with another name: what is set for one of them is lost");
+            file.ReportShared(line, code, section);
             continue;
         }
         seen.push_back(Comparable(section));
         file.Use(section);
         if (!file.HasSection(section)) {
-            file.Report(Severity::kWarning, line,
-                        "there is no section [" + section + "]: " + code +
-                            " has no description and the density 0");
+            file.ReportNoSection(line, code, section, "no description and the density 0");
             continue;
         }
         file.CheckWidth(file.LineOf(section, "Description"), file.Value(section, "Description"),
@@ -43,7 +39,8 @@ void CheckMaterialTypes(const std::string& path, const std::string& bytes, Table
         file.CheckNumber(section, "Density");
         const std::string doubt = DoubtOfDensity(text::ToSingle(file.Value(section, "Density")));
         if (!doubt.empty()) {
-            file.Report(Severity::kNote, file.LineOf(section, "Density"), code + ": " + doubt);
+            file.Report(Severity::kNote, file.LineOf(section, "Density"),
+                        std::string(code).append(": ").append(doubt));
         }
     }
     file.CheckUnused({"Mat#", "Description", "Density"});

@@ -125,16 +125,12 @@ void CheckProcesses(const string& path, const string& bytes, Tables& tables, Fin
         const string section = name.substr(0, decltype(process::ProcessRecord::Name)::kWidth);
         file.CheckName(line, name, decltype(process::ProcessRecord::Name)::kWidth);
         if (std::find(seen.begin(), seen.end(), Comparable(section)) != seen.end()) {
-            file.Report(Severity::kWarning, line,
-                        name + " shares the section [" + section +
-                            "] with another name: what is set for one of them is lost");
+            file.ReportShared(line, name, section);
             continue;
         }
         seen.push_back(Comparable(section));
         if (!file.HasSection(section)) {
-            file.Report(Severity::kWarning, line,
-                        "there is no section [" + section + "]: " + name +
-                            " has the defaults and no thickness");
+            file.ReportNoSection(line, name, section, "the defaults and no thickness");
         }
         CheckProcess(file, section);
     }

@@ -201,6 +201,19 @@ void DataFile::CheckName(std::size_t line, const std::string& name, std::size_t 
     }
 }
 
+void DataFile::ReportShared(std::size_t line, const std::string& name,
+                            const std::string& section) const {
+    Report(Severity::kWarning, line,
+           name + " shares the section [" + section +
+               "] with another name: what is set for one of them is lost");
+}
+
+void DataFile::ReportNoSection(std::size_t line, const std::string& name,
+                               const std::string& section, const std::string& what) const {
+    Report(Severity::kWarning, line,
+           "there is no section [" + section + "]: " + name + " has " + what);
+}
+
 void DataFile::CheckUnused(std::initializer_list<std::string_view> keys) const {
     const auto known = [&](std::string_view name) {
         return std::any_of(keys.begin(), keys.end(), [&](std::string_view key) {

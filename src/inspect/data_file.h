@@ -58,6 +58,11 @@ class DataFile {
     // Cut to its width when it is read.
     void CheckWidth(std::size_t line, const std::string& value, std::size_t width) const;
 
+    // Of a list: its name has the section of another one, or none.
+    void ReportShared(std::size_t line, const std::string& name, const std::string& section) const;
+    void ReportNoSection(std::size_t line, const std::string& name, const std::string& section,
+                         const std::string& what) const;
+
     // Sections that were not asked about, and keys other than those (and Key1, Key2... for "Key#")
     // of those that were: a save leaves them out.
     void CheckUnused(std::initializer_list<std::string_view> keys) const;

@@ -106,8 +106,9 @@ void CheckArea(const DataArea& area, Findings& findings) {
 }  // namespace
 
 std::vector<string> DataDrives(const std::vector<string>& named) {
-    std::vector<string> drives;
-    for (const string& name : named) drives.push_back(text::LowerCase(name.substr(0, 1)) + ":");
+    std::vector<string> drives(named.size());
+    std::transform(named.begin(), named.end(), drives.begin(),
+                   [](const string& name) { return text::LowerCase(name.substr(0, 1)) + ":"; });
     if (named.empty()) {
         for (const auto& drive : platform::Drives()) {
             drives.push_back({drive.letter, ':'});

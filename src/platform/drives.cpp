@@ -102,7 +102,7 @@ fs::path Resolve(std::string_view path, Lookup lookup) {
     fs::path native = TheSource()->Root(Lower(path[0]));
     std::error_code error;
     const auto root = native::TypeOf(native, Links::kFollow, error);
-    if (error) throw FileError(native::KindOf(error), shown, error.message());
+    if (error) throw FileError(native::KindOf(error), shown, native::Reason(error));
     if (root == native::EntryType::kMissing) {
         throw FileError(FileErrorKind::kPathNotFound, shown, "there is no such drive");
     }

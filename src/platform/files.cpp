@@ -17,7 +17,7 @@ using errors::FileError;
 using errors::FileErrorKind;
 
 [[noreturn]] void Fail(std::string_view path, const std::error_code& error) {
-    throw FileError(native::KindOf(error), std::string(path), error.message());
+    throw FileError(native::KindOf(error), std::string(path), native::Reason(error));
 }
 
 void Check(std::string_view path, const std::error_code& error) {

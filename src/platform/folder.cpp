@@ -17,7 +17,7 @@ void Check(std::string_view path, const std::error_code& error) {
     if (!error) return;
     const bool noDirectory = native::KindOf(error) == FileErrorKind::kFileNotFound;
     throw FileError(noDirectory ? FileErrorKind::kPathNotFound : native::KindOf(error),
-                    std::string(path), error.message());
+                    std::string(path), native::Reason(error));
 }
 
 // The name in the system's set, if it can be addressed by it.
@@ -111,7 +111,7 @@ std::vector<std::string> Folder::Names(DirKinds kinds) const {
 FileDetails Folder::Details(std::string_view name) const {
     std::error_code error;
     const auto details = state_->directory.Details(native::FromSystem(name), error);
-    if (error) throw FileError(native::KindOf(error), state_->PathOf(name), error.message());
+    if (error) throw FileError(native::KindOf(error), state_->PathOf(name), native::Reason(error));
     return details;
 }
 
@@ -129,7 +129,7 @@ void Folder::Kill() const {
         if (error && !failure) failure = error;
     }
     if (failure) {
-        throw FileError(FileErrorKind::kPathFileAccess, state_->path, failure.message());
+        throw FileError(FileErrorKind::kPathFileAccess, state_->path, native::Reason(failure));
     }
     if (!any) throw FileError(FileErrorKind::kFileNotFound, state_->path, "no file matches");
 }

@@ -41,6 +41,9 @@ std::error_code LastError();
 FileErrorKind KindOf(const std::error_code& error);
 FileErrorKind KindOfPlatform(const std::error_code& error);
 
+// What the platform says of it to the operator, in the system's character set.
+std::string Reason(const std::error_code& error);
+
 // Whether the error says that there is no such file or directory.
 inline bool IsMissing(const std::error_code& error) {
     const auto kind = KindOf(error);

@@ -23,7 +23,7 @@ void Check(const fs::path& path, const std::error_code& error, const char* missi
     if (!error) return;
     const bool other = missing != nullptr && native::IsMissing(error);
     throw errors::FileError(native::KindOf(error), SystemText(path),
-                            other ? missing : error.message());
+                            other ? missing : native::Reason(error));
 }
 
 fs::path Absolute(const fs::path& path) {

@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 
 #include "text/code_page.h"
 #include "text/strings.h"
@@ -68,6 +69,14 @@ std::unique_ptr<DriveSource> OwnDrives() {
     return drives;
 }
 
+std::string Reason(const std::error_code& error) {
+    // In the language of the session, which speaks UTF-8; where the set lacks its letters, in
+    // English.
+    const auto said = text::FromUtf8(error.message());
+    const char* const english = strerrordesc_np(error.value());
+    return said ? *said : english != nullptr ? english : "the disk refuses";
+}
+
 fs::path FromSystem(std::string_view name) {
     return fs::path(text::ToUtf8(name));
 }
@@ -79,7 +88,7 @@ std::optional<std::string> ToSystem(const fs::path& name) {
 fs::path FindEntry(const fs::path& folder, std::string_view name, Lookup lookup) {
     fs::path exact = folder / FromSystem(name);
     const auto check = [&](const std::error_code& error) {
-        if (error) throw FileError(KindOf(error), std::string(name), error.message());
+        if (error) throw FileError(KindOf(error), std::string(name), Reason(error));
     };
     std::error_code error;
     if (lookup == Lookup::kAny) {

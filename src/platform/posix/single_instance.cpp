@@ -33,7 +33,7 @@ SingleInstance::SingleInstance() {
     anotherIsRunning_ = error.value() == EADDRINUSE;
     if (error && !anotherIsRunning_) {
         throw errors::FatalError("Whether another System Manager is running cannot be found out: " +
-                                 error.message());
+                                 native::Reason(error));
     }
 }
 

@@ -111,6 +111,10 @@ std::unique_ptr<DriveSource> OwnDrives() {
     return std::make_unique<Letters>();
 }
 
+std::string Reason(const std::error_code& error) {
+    return error.message();  // in the ANSI code page
+}
+
 fs::path FromSystem(std::string_view name) {
     std::wstring wide;
     for (char c : name) wide += static_cast<wchar_t>(text::ToUnicode(c));

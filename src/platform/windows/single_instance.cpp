@@ -47,7 +47,7 @@ SingleInstance::SingleInstance() {
     anotherIsRunning_ = denied || (handle_ != nullptr && error.value() == ERROR_ALREADY_EXISTS);
     if (handle_ == nullptr && !denied) {
         throw errors::FatalError("Whether another System Manager is running cannot be found out: " +
-                                 error.message());
+                                 native::Reason(error));
     }
 }
 
