@@ -201,6 +201,7 @@ void Run::Copy(Progress& progress) {
         if (item.IsFolder()) {
             platform::native::MakeDirectory(to, error);
             Check(to, error);
+            progress.Add(WorkOf(item), item.name);
             copied.push_back(std::move(item));
             continue;
         }

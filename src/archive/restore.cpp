@@ -116,6 +116,7 @@ void Restoration::Build(const fs::path& built) const {
         if (item.IsFolder()) {
             platform::native::MakeDirectory(to, error);
             Check(to, error);
+            progress.Add(WorkOf(item), item.name);
             continue;
         }
         Item copy = item;

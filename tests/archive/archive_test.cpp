@@ -59,9 +59,9 @@ class Archive : public ::testing::Test {
         app::TheConfig().NestRootDir = "\\tolvarin";
         drives.MakeDir("c:\\tolvarin\\USER\\PROD");
         telling.say = [this](const string& line) { said += line + "\n"; };
-        telling.progress = [this](int percent, const string&) {
+        telling.progress = [this](int percent, const string& name) {
             EXPECT_TRUE(percent >= 0 && percent <= 100) << percent;
-            if (meanwhile) meanwhile();
+            if (meanwhile) meanwhile(percent, name);
         };
     }
 
@@ -124,7 +124,7 @@ class Archive : public ::testing::Test {
     test::TempDrives drives;
     Telling telling;
     string said;
-    std::function<void()> meanwhile;
+    std::function<void(int percent, const string& name)> meanwhile;
 };
 
 TEST_F(Archive, WordsOfABackup) {
@@ -342,10 +342,10 @@ TEST_F(Archive, WhatIsCopiedAndWhatIsTold) {
     EXPECT_EQ(DoVerify(), Outcome::kNotDone);  // that without a list
     drives.Write("c:\\x.part\\a", "a");
     EXPECT_EQ(DoBackup("c:\\x.part d:"), Outcome::kAllRight);
-    EXPECT_TRUE(All().back().whole);
+    for (const Stored& stored : All()) EXPECT_TRUE(stored.whole) << stored.name;
     // Changes while it is copied.
     int calls = 0;
-    meanwhile = [&] {
+    meanwhile = [&](int, const string&) {
         if (++calls != 1) return;
         drives.Write(kPlace + "\\b.dat", "longer");
         fs::remove(drives.Path(kPlace + "\\MATERIAL.DAT"));
@@ -355,7 +355,7 @@ TEST_F(Archive, WhatIsCopiedAndWhatIsTold) {
         << said;
     EXPECT_EQ(DoVerify(All().back().name), Outcome::kAllRight) << said;
     // The drive is drawn out.
-    meanwhile = [&, to = drives.Path("d:\\QVBACKUP")] {
+    meanwhile = [&, to = drives.Path("d:\\QVBACKUP")](int, const string&) {
         if (fs::exists(to)) fs::rename(to, drives.Path("d:\\gone"));
     };
 #ifndef _WIN32  // where a drive in use is not renamed
@@ -407,6 +407,41 @@ TEST_F(Archive, EveryChangedBitIsFound) {
         EXPECT_NE(said.find(told), said.npos) << said;
     }
     EXPECT_EQ(DoRestore("1", true), Outcome::kNotDone);
+}
+
+TEST_F(Archive, WhatTheDiskHasNotKeptIsFound) {
+    MakeJob("old");
+    ASSERT_EQ(DoBackup(), Outcome::kAllRight);
+    drives.Write(kPlace + "\\MATERIAL.DAT", "new");
+    // What is copied first is another when the last file is copied.
+    const auto damage = [&](const string& folder, const char* end) {
+        meanwhile = [&, folder, end](int percent, const string& name) {
+            if (percent >= 50 || name != "MATERIAL.DAT") return;
+            for (const auto& entry : fs::directory_iterator(drives.Path(folder))) {
+                if (entry.path().extension() != end) continue;
+                std::ofstream(entry.path() / "COMP" / "a", std::ios::binary) << "b";
+            }
+        };
+    };
+    damage("d:\\QVBACKUP", ".part");
+    EXPECT_EQ(DoBackup(), Outcome::kNotDone);
+    EXPECT_TRUE(said.starts_with("changed: COMP/a\nDrive d has not kept")) << said;
+    EXPECT_EQ(drives.Count("d:\\QVBACKUP"), 1);
+    damage("c:\\tolvarin\\USER\\PROD", ".restoring");
+    EXPECT_EQ(DoRestore("1", true), Outcome::kNotDone);
+    EXPECT_NE(said.find("has not kept what was written"), said.npos) << said;
+    EXPECT_EQ(drives.Read(kPlace + "\\MATERIAL.DAT"), "new");
+    EXPECT_EQ(drives.Count("c:\\tolvarin\\USER\\PROD"), 1);
+    // And what another program changes between two pieces, even at the same size.
+    drives.Write(kPlace + "\\MATERIAL.DAT", string(2 * raw::Block::kSize, 'x'));
+    SetTimes();
+    int pieces = 0;
+    meanwhile = [&](int, const string& name) {
+        if (name != "MATERIAL.DAT" || ++pieces != 2) return;
+        drives.Write(kPlace + "\\MATERIAL.DAT", string(2 * raw::Block::kSize, 'y'));
+    };
+    EXPECT_EQ(DoBackup(), Outcome::kSomething);
+    EXPECT_TRUE(said.starts_with("changed meanwhile: MATERIAL.DAT\n")) << said;
 }
 
 // Whatever goes wrong: what is called a backup is one, and in its place stands the old or the new.
