@@ -107,7 +107,6 @@ TEST(Report, Escapes) {
         {12.5, "12.5"},
         {1.0 / 3, "0.33"},
         {1e300, "1000000"},
-        {-7, "-7"},
     };
     for (const auto& [words, shown] : cases) {
         report::Html html;

@@ -10,11 +10,10 @@
 
 #include <fstream>
 #include <iterator>
-
-#include "tests/support/environment.h"
 #endif
 
 #include "platform/single_instance.h"
+#include "tests/support/environment.h"
 #include "tests/support/workshop.h"
 
 namespace {
@@ -183,6 +182,7 @@ TEST(MainWindow, PrintsListings) {
 #ifndef _WIN32  // there with an interpreter for batch files
 
 TEST(MainWindow, WritesTheBatchFileOfABackup) {
+    const test::Environment noTerminal("PATH", "/nowhere");
     Play(R"#(
     ok, cancel, click cmdBackup -> focus cmdBackup; box OK/Cancel none "Please insert a floppy
         -> disk"; box again
