@@ -10,6 +10,7 @@
 
 #include "errors/errors.h"
 #include "inspect/check_files.h"
+#include "materialtypes/material_type_table.h"
 #include "process/process_file.h"
 #include "process/process_table.h"
 #include "profile/profile.h"

@@ -35,13 +35,26 @@ std::vector<std::string> ArgumentsInUtf8() {
     return arguments;
 }
 
+// What is said is UTF-8; the console afterwards is as it was, for the batch file that goes on in
+// it.
+class Utf8Console {
+  public:
+    Utf8Console() { SetConsoleOutputCP(CP_UTF8); }
+    ~Utf8Console() { SetConsoleOutputCP(before_); }
+    Utf8Console(const Utf8Console&) = delete;
+    Utf8Console& operator=(const Utf8Console&) = delete;
+
+  private:
+    const UINT before_ = GetConsoleOutputCP();
+};
+
 }  // namespace
 
 #endif
 
 int main([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
 #ifdef _WIN32
-    SetConsoleOutputCP(CP_UTF8);
+    const Utf8Console console;
     const std::vector<std::string> words = ArgumentsInUtf8();
 #else
     const std::vector<std::string> words(argv, argv + argc);

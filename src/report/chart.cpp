@@ -11,7 +11,7 @@ namespace {
 using std::string;
 
 // The drawing in its own units; the page makes it as wide as there is room.
-constexpr double kWidth = 400, kHeight = 270, kLeft = 62, kRight = 386, kTop = 36, kBottom = 218;
+constexpr double kHeight = 270, kLeft = 62, kRight = 386, kTop = 36, kBottom = 218;
 
 string Shown(double value) {
     return text::ShownNumber(text::ToSingle(value));

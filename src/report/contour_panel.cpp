@@ -13,7 +13,7 @@ namespace {
 
 using std::string;
 
-constexpr double kWidth = 340, kHeight = 250;
+constexpr double kWidth = 340;
 // The torch runs half a kerf beside the contour.
 constexpr double kHalfKerf = 6;
 
