@@ -68,26 +68,6 @@ string Comparable(std::string_view utf8) {
     return comparable;
 }
 
-// With one place to fall back to: the last * and what it has swallowed so far.
-bool Fits(std::string_view name, std::string_view pattern) {
-    std::size_t at = 0, p = 0, star = pattern.npos, resume = 0;
-    while (at < name.size()) {
-        if (p < pattern.size() && pattern[p] == '*') {
-            star = p++;
-            resume = at;
-        } else if (p < pattern.size() && (pattern[p] == '?' || pattern[p] == name[at])) {
-            ++p;
-            ++at;
-        } else if (star != pattern.npos) {
-            p = star + 1;
-            at = ++resume;
-        } else {
-            return false;
-        }
-    }
-    return pattern.find_first_not_of('*', p) == pattern.npos;
-}
-
 // What the disk needs for it: whole blocks of files, and a share of the folders and the list.
 std::uint64_t RoomFor(const std::vector<Item>& items) {
     constexpr std::uint64_t kBlock = 4096;
@@ -382,7 +362,7 @@ Job JobOf(std::vector<string> words) {
 
 bool Matches(std::string_view name, std::string_view pattern) {
     // All names, those without a point, too.
-    return pattern == "*.*" || Fits(Comparable(name), Comparable(pattern));
+    return pattern == "*.*" || text::FitsWildCards(Comparable(name), Comparable(pattern));
 }
 
 Outcome Backup(const Job& job, const Telling& telling) {

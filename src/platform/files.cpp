@@ -46,26 +46,7 @@ Split SplitLast(std::string_view path) {
 }
 
 bool Matches(std::string_view name, std::string_view pattern) {
-    if (pattern == "*.*") return true;
-    // The usual walk with one place to fall back to: the last * and what it has swallowed so far.
-    std::size_t at = 0, p = 0, star = pattern.npos, resume = 0;
-    while (at < name.size()) {
-        if (p < pattern.size() && pattern[p] == '*') {
-            star = p++;
-            resume = at;
-        } else if (p < pattern.size() &&
-                   (pattern[p] == '?' ||
-                    text::EqualIgnoringCase(pattern.substr(p, 1), name.substr(at, 1)))) {
-            ++p;
-            ++at;
-        } else if (star != pattern.npos) {
-            p = star + 1;
-            at = ++resume;
-        } else {
-            return false;
-        }
-    }
-    return pattern.find_first_not_of('*', p) == pattern.npos;
+    return pattern == "*.*" || text::FitsWildCards(text::LowerCase(name), text::LowerCase(pattern));
 }
 
 }  // namespace

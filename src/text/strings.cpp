@@ -39,4 +39,24 @@ bool LessIgnoringCase(std::string_view a, std::string_view b) {
     });
 }
 
+// With one place to fall back to: the last * and what it has swallowed so far.
+bool FitsWildCards(std::string_view text, std::string_view pattern) {
+    std::size_t at = 0, p = 0, star = pattern.npos, resume = 0;
+    while (at < text.size()) {
+        if (p < pattern.size() && pattern[p] == '*') {
+            star = p++;
+            resume = at;
+        } else if (p < pattern.size() && (pattern[p] == '?' || pattern[p] == text[at])) {
+            ++p;
+            ++at;
+        } else if (star != pattern.npos) {
+            p = star + 1;
+            at = ++resume;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of('*', p) == pattern.npos;
+}
+
 }  // namespace text

@@ -17,6 +17,9 @@ std::string UpperCase(std::string_view value);
 
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
 
+// Whether a text fits a pattern with * and ?, which stand for any characters and for one.
+bool FitsWildCards(std::string_view text, std::string_view pattern);
+
 // Order of file names: by upper-case code, as the platform's directories sort.
 bool LessIgnoringCase(std::string_view a, std::string_view b);
 
