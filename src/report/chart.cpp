@@ -49,7 +49,6 @@ class Drawing {
     static const char* Scale(const Axis& axis) { return axis.logarithmic ? ", logarithmic" : ""; }
 
     string Description() const {
-        if (chart_.points.empty()) return "There is no thickness.";
         string description = std::to_string(chart_.points.size()) + " points from " +
                              Shown(x_.low) + " to " + Shown(x_.high) + " mm" + Scale(x_) +
                              ", from " + Shown(y_.low) + " to " + Shown(y_.high) + " " +

@@ -84,6 +84,12 @@ void Html::Begin(const char* name, Attributes attributes, const char* end) {
     bytes_ += end;
 }
 
+void Html::End(std::string_view name) {
+    bytes_.append("</").append(name).append(">");
+    // A row of a table or a fact in one line is found sooner by those who look into the file.
+    if (name != "td" && name != "th" && name != "dd") bytes_ += '\n';
+}
+
 Html::Element Html::In(const char* name, Attributes attributes) {
     Begin(name, attributes, ">");
     return {*this, name};
@@ -93,6 +99,13 @@ void Html::Put(const char* name, Attributes attributes, const Words& text) {
     Begin(name, attributes, ">");
     Text(text);
     bytes_.append("</").append(name).append(">");
+}
+
+void Html::TextIn(const Words& text, const Words& unit) {
+    Text(text);
+    if (unit.Utf8().empty()) return;
+    Text(" ");
+    Put("small", unit);
 }
 
 void Html::Empty(const char* name, Attributes attributes) {

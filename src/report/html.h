@@ -44,7 +44,7 @@ class Html {
     class [[nodiscard]] Element {
       public:
         Element(Html& html, const char* name) : html_(html), name_(name) {}
-        ~Element() { html_.bytes_.append("</").append(name_).append(">\n"); }
+        ~Element() { html_.End(name_); }
         Element(const Element&) = delete;
         Element& operator=(const Element&) = delete;
 
@@ -59,6 +59,8 @@ class Html {
     void Put(const char* name, const Words& text) { Put(name, {}, text); }
     void Empty(const char* name, Attributes attributes = {});
     void Text(const Words& text) { Escape(text.Utf8()); }
+    // With the unit it is in, small behind it; none where that is empty.
+    void TextIn(const Words& text, const Words& unit);
 
     // The one thing that is not escaped, because browsers would not undo it; without < and &.
     void Style(const char* css);
@@ -67,6 +69,7 @@ class Html {
 
   private:
     void Begin(const char* name, Attributes attributes, const char* end);
+    void End(std::string_view name);
     void Escape(std::string_view utf8);
 
     std::string bytes_ = "<!DOCTYPE html>\n";

@@ -82,8 +82,7 @@ class ListTable {
             html_.Put("th", {{"scope", "col"}}, "Process");
             if (last) {
                 const auto cell = html_.In("th", {{"scope", "col"}});
-                html_.Text(thicknesses ? "Thicknesses " : "Found");
-                if (thicknesses) html_.Put("small", "mm");
+                thicknesses ? html_.TextIn("Thicknesses", "mm") : html_.Text("Found");
             }
         }
         const auto body = html_.In("tbody");
@@ -191,8 +190,7 @@ void PutTypes(Html& html, materialtypes::MaterialTypeTable& table, const Found& 
         html.Put("th", {{"scope", "col"}}, "Code");
         html.Put("th", {{"scope", "col"}}, "Description");
         const auto density = html.In("th", {{"scope", "col"}, {"class", "number"}});
-        html.Text("Density ");
-        html.Put("small", u8"t/m³");
+        html.TextIn("Density", u8"t/m³");
     }
     const auto body = html.In("tbody");
     for (int n = 1; n <= table.Count; ++n) {

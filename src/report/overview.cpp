@@ -34,9 +34,7 @@ void PutOverview(Html& html, const process::ProcessTable& table) {
         const auto row = html.In("tr");
         const auto column = [&](const char* name, const char* unit) {
             const auto cell = html.In("th", {{"scope", "col"}});
-            html.Text(name);
-            html.Text(" ");
-            html.Put("small", unit);
+            html.TextIn(name, unit);
         };
         column("Process", "");
         column("Thickness", "mm");

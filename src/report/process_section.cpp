@@ -76,10 +76,7 @@ class Section {
         const auto fact = html_.In("div");
         html_.Put("dt", what);
         const auto shown = html_.In("dd");
-        html_.Text(value);
-        if (*unit == '\0') return;
-        html_.Text(" ");
-        html_.Put("small", unit);
+        html_.TextIn(value, unit);
     }
 
     void PutDefaults() {
@@ -115,9 +112,7 @@ class Section {
             const auto row = html_.In("tr");
             for (const Column& column : kColumns) {
                 const auto cell = html_.In("th", {{"scope", "col"}});
-                html_.Text(column.name);
-                html_.Text(" ");
-                html_.Put("small", column.unit);
+                html_.TextIn(column.name, column.unit);
             }
             if (marks) html_.Put("th", {{"scope", "col"}}, "Found");
         }

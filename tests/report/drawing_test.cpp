@@ -1,10 +1,7 @@
 // What is drawn: where leads end, which way the torch runs, and where ticks and points stand.
 #include <gtest/gtest.h>
 
-#include <regex>
-
 #include "report/axis.h"
-#include "report/chart.h"
 #include "report/contour_panel.h"
 #include "report/lead_geometry.h"
 
@@ -91,13 +88,6 @@ TEST(Axis, Ticks) {
     EXPECT_EQ(report::AxisFor(Values{1, 1e4}).PlaceOf(0), 0);
 }
 
-// What the group of the pattern matches; fails the test where it does not.
-std::string Part(const std::string& drawing, const std::string& pattern) {
-    std::smatch match;
-    if (!std::regex_search(drawing, match, std::regex(pattern))) ADD_FAILURE() << pattern;
-    return match.size() > 1 ? match.str(1) : "";
-}
-
 process::ProcessRecord Record(std::string_view lead, int percent, int overrun) {
     process::ProcessRecord record;
     record.Leadin = record.Leadout = lead;
@@ -107,52 +97,6 @@ process::ProcessRecord Record(std::string_view lead, int percent, int overrun) {
         record.Row(++record.ThicknessCount).DefaultLeadin = length;
     }
     return record;
-}
-
-TEST(Contour, RunsTheWayThatIsSet) {
-    struct {
-        void (*draw)(report::Html&, const report::Leads&, int);
-        int direction;
-        bool right;           // the torch runs to the right where it starts
-        const char* heading;  // along the upper edge
-    } const cases[] = {
-        {report::DrawOutside, -1, true, "0"},
-        {report::DrawOutside, 1, false, "180"},
-        {report::DrawHole, -1, false, "0"},
-        {report::DrawHole, 1, true, "180"},
-    };
-    const report::Leads leads(Record("Arc ", 50, 2));
-    for (const auto& panel : cases) {
-        report::Html html;
-        panel.draw(html, leads, panel.direction);
-        const std::string drawing = html.Bytes(), arc = " d=.M[0-9. ]+A[0-9.]+ [0-9.]+ 0 0 ([01])";
-        const double start = std::stod(Part(drawing, "class=.pierce. cx=.([0-9.]+)")),
-                     overrun =
-                         std::stod(Part(drawing, "class=.overrun. d=.M170 [0-9.]+L([0-9.]+)"));
-        EXPECT_EQ(start < 170, panel.right);
-        EXPECT_EQ(overrun > 170, panel.right);
-        EXPECT_EQ(Part(drawing, "class=.head. [^>]*translate.68 [0-9.]+. rotate.([0-9]+)"),
-                  panel.heading);
-        EXPECT_EQ(Part(drawing, "class=.torch in." + arc), panel.right ? "1" : "0");
-        EXPECT_EQ(Part(drawing, "class=.torch out." + arc), panel.right ? "0" : "1");
-    }
-    report::Html none;
-    report::DrawOutside(none, leads, 0);
-    EXPECT_EQ(none.Bytes().find("class=\"head\""), std::string::npos);
-}
-
-TEST(Contour, OpenKerf) {
-    for (const int side : {1, 0, -1}) {
-        report::Html html;
-        report::DrawOpenContour(html, side);
-        const auto lineAt = [&](const std::string& style) {
-            return std::stod(
-                Part(html.Bytes(), "line class=." + style + ". x1=.14. y1=.([0-9.]+)"));
-        };
-        EXPECT_EQ(lineAt("torch"), lineAt("kerf wide"));
-        EXPECT_EQ(lineAt("contour") - lineAt("torch") > 1, side == 1);
-        EXPECT_EQ(lineAt("torch") - lineAt("contour") > 1, side == -1);
-    }
 }
 
 TEST(Leads, LengthsOfAThicknessInTheMiddle) {
@@ -179,23 +123,6 @@ TEST(Leads, LengthsOfAThicknessInTheMiddle) {
         EXPECT_NEAR(leads.drawnOverrun, lead.drawnOverrun, 1e-6);
         EXPECT_EQ(leads.toScale, lead.toScale);
     }
-}
-
-TEST(Chart, Points) {
-    report::Html html;
-    report::DrawChart(html, {"p1feed",
-                             "P<1>",
-                             "Feed rate",
-                             "mm/min",
-                             {{0, 0, "", ""}, {5, 100, "far <off>", "#f3"}, {10, 50, "odd", ""}}});
-    const std::string drawing = html.Bytes();
-    EXPECT_EQ(Part(drawing, "circle class=.point. (cx=.62. cy=.218)"), "cx=\"62\" cy=\"218");
-    EXPECT_EQ(Part(drawing, "polyline [^>]*points=.([^'\"]*)"), "62,218 224,36 386,127 ");
-    EXPECT_EQ(Part(drawing, "<a href=.#f3.>\\s*<path class=.doubtful. d=.M224 27([^>]*)z"),
-              "l9 9l-9 9l-9-9");
-    EXPECT_EQ(Part(drawing, "<title>(5 mm: [^<]*)</title>"), "5 mm: 100 mm/min; far &lt;off&gt;");
-    EXPECT_EQ(Part(drawing, "(</a>)\\s*<path class=.doubtful. d=.M386 "), "</a>");
-    Part(drawing, "3 points from 0 to 10 mm, from 0 to 100 mm/min; [^.]*; doubtful: 2[.]");
 }
 
 }  // namespace
