@@ -36,7 +36,6 @@ bool BackupJob::IsPlain() const {
 FrmBackup::FrmBackup(Listed listed)
     : Form("frmBackup", "Quarvel Backup"), listed_(std::move(listed)) {
     defaultButton = &cmdOK;
-    closeButton = &cmdCancel;
     drvDest.widthHint = 20;
 
     using namespace views;

@@ -48,7 +48,6 @@ void FillDirectory(const std::string& path, DataKind kind) {
 
 CreateDir::CreateDir(const DataArea& area, std::function<void(const std::string& name)> made)
     : Form("CreateDir", "Create Quarvel Directory"), area_(area), made_(std::move(made)) {
-    firstFocus = &txtDirName;
     defaultButton = &cmdOK;
     closeButton = &cmdCancel;
     txtDirName.widthHint = kLongestName;

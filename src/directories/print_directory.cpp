@@ -10,7 +10,6 @@ namespace directories {
 FrmPrint::FrmPrint(Listed listed)
     : Form("frmPrint", "Print Directory Data"), listed_(std::move(listed)) {
     defaultButton = &cmdOK;
-    closeButton = &cmdCancel;
     lstSortBox.SetVisible(false);
     lstSortBox.neverShown = true;
 

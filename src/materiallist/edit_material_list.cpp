@@ -32,7 +32,6 @@ FrmEditMaterialList::FrmEditMaterialList()
       editor(grdMaterialList, cboEditDataType, cboEditDataProcess, txtSpinText, spinButton,
              [this](bool selected) { RowSelected(selected); }) {
     resizable = true;
-    firstFocus = &grdMaterialList;
     closeButton = &cmdClose;
     txtMinPlateThickness.SetText("50");
     Arrange();

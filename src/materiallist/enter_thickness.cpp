@@ -10,7 +10,6 @@
 namespace materiallist {
 
 FrmEnterThickness::FrmEnterThickness() : Form("frmEnterThickness", "Enter Thickness  ") {
-    firstFocus = &txtInitThickness;
     // Wider than a thickness needs, for a caption that names the directory.
     txtInitThickness.widthHint = 24;
 

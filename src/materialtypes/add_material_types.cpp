@@ -21,8 +21,6 @@ void Refuse(std::string_view text, std::string_view title) {
 
 FrmAddMaterialTypes::FrmAddMaterialTypes(views::GridEditor& editor)
     : Form("frmAddMaterialTypes", "Add Material Type"), editor_(editor) {
-    firstFocus = &txtAddMaterial;
-    closeButton = &cmdCancel;
     txtAddMaterial.widthHint = kCodeLength;
 
     using namespace views;

@@ -46,7 +46,6 @@ FrmEditMaterialTypes::FrmEditMaterialTypes()
                .tidiesGrid = true,
                .edited = [] { Shared().MaterialTypesChanged = true; }}) {
     resizable = true;
-    firstFocus = &grdMaterialTypes;
     closeButton = &cmdClose;
 
     using namespace views;

@@ -27,8 +27,6 @@ bool IsTaken(const std::string& name) {
 
 FrmAddProcess::FrmAddProcess(FrmProcessDefaults& owner)
     : Form("frmAddProcess", "Add Process"), owner_(owner) {
-    firstFocus = &txtNewProcessName;
-    closeButton = &cmdCancel;
     txtNewProcessName.widthHint = 40;
     cboCopy.widthHint = 40;
     using namespace views;

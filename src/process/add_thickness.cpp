@@ -16,8 +16,6 @@ constexpr std::size_t kNumberLength = 13;
 
 FrmAddThickness::FrmAddThickness(views::GridEditor& editor)
     : Form("frmAddThickness", "Add New Thickness"), editor_(editor) {
-    firstFocus = &txtNewThickness;
-    closeButton = &cmdANTCancel;
     txtNewThickness.widthHint = 2 * kNumberLength;  // room for the caption of the window, too
 
     using namespace views;

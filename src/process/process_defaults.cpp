@@ -85,7 +85,6 @@ int AnyNumber(int value) {
 }  // namespace
 
 FrmProcessDefaults::FrmProcessDefaults() : Form("frmProcessDefaults", "Process Defaults") {
-    firstFocus = &cboProcess;
     closeButton = &cmdClose;
     Arrange();
 

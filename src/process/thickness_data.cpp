@@ -59,7 +59,6 @@ FrmThicknessData::FrmThicknessData()
                .tidiesGrid = false,
                .edited = [this] { changed_ = true; }}) {
     resizable = true;
-    firstFocus = &grdThicknessData;
     closeButton = &cmdThkClose;
 
     using namespace views;

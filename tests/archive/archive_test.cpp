@@ -1,34 +1,17 @@
 // Backups and what is brought back from them: byte for byte, whatever happens meanwhile.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-#include <map>
 #include <random>
-#include <sstream>
 
-#include "app/system_config.h"
 #include "archive/sha256.h"
-#include "archive/stored.h"
-#include "tests/support/one_fault.h"
-#include "tests/support/temp_drives.h"
+#include "tests/archive/archive_fixture.h"
 
 #ifndef _WIN32
-#include <signal.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/time.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #endif
 
+namespace archive {
 namespace {
-
-using namespace archive;
-using std::string;
-using Tree = std::map<string, string>;
-
-const string kPlace = "c:\\tolvarin\\USER\\PROD\\my job";
 
 TEST(Sha256, IsTheStandards) {
     const auto hex = [](const string& bytes, std::size_t piece, Sha256::Way way) {
@@ -46,80 +29,6 @@ TEST(Sha256, IsTheStandards) {
         }
     }
 }
-
-class Archive : public ::testing::Test {
-  protected:
-    Archive() {
-        app::TheConfig().NestRootDir = "\\tolvarin";
-        drives.MakeDir("c:\\tolvarin\\USER\\PROD");
-        telling.say = [this](const string& line) { said += line + "\n"; };
-        telling.progress = [this](int percent, const string& name) {
-            EXPECT_TRUE(percent >= 0 && percent <= 100) << percent;
-            if (meanwhile) meanwhile(percent, name);
-        };
-    }
-
-    // What is below a folder, with bytes, times and rights.
-    static Tree TreeIn(const fs::path& top) {
-        Tree tree;
-        for (const auto& entry : fs::recursive_directory_iterator(top)) {
-            const auto time = entry.last_write_time().time_since_epoch().count();
-            const auto name = entry.path().lexically_relative(top).generic_u8string();
-            string& state = tree[string(name.begin(), name.end())];
-            state = std::to_string(static_cast<int>(entry.status().permissions())) + " " +
-                    std::to_string(time) + " ";
-            if (!entry.is_regular_file()) continue;
-            std::ifstream file(entry.path(), std::ios::binary);
-            state += "|" + string(std::istreambuf_iterator<char>(file), {});
-        }
-        return tree;
-    }
-    Tree Place() const { return TreeIn(drives.Path(kPlace)); }
-    std::vector<Stored> All() const { return StoredIn(BackupsFolder('d')); }
-    // What a command ends with, and what it has said.
-    Outcome Ends(const std::function<Outcome()>& work) {
-        said.clear();
-        try {
-            return work();
-        } catch (const errors::Error& failure) {
-            said += Said(failure);
-            return Outcome::kNotDone;
-        }
-    }
-    Outcome DoBackup(const string& words) {
-        std::istringstream stream(words);
-        std::vector<string> list{std::istream_iterator<string>(stream), {}};
-        return Ends([&] { return Backup(JobOf(list), telling); });
-    }
-    Outcome DoBackup() { return DoBackup(kPlace + "\\*.* d: /s"); }
-    Outcome DoRestore(const string& which, bool replace) {
-        return Ends([&] { return Restore('d', which, replace, telling); });
-    }
-    Outcome DoVerify(const string& which = {}) {
-        return Ends([&] { return Verify('d', which, telling); });
-    }
-    // A few files and folders with times of their own.
-    void MakeJob(const string& bytes) {
-        fs::remove_all(drives.Path(kPlace));
-        drives.Write(kPlace + "\\MATERIAL.DAT", bytes);
-        drives.Write(kPlace + "\\COMP\\a", "a");
-        drives.MakeDir(kPlace + "\\TAPE");
-        SetTimes();
-    }
-    void SetTimes() {
-        std::int64_t seconds = 1'000'000'000;
-        std::error_code error;
-        for (const auto& entry : fs::recursive_directory_iterator(drives.Path(kPlace))) {
-            raw::SetTime(entry.path(), {seconds += 1001, 100}, error);
-        }
-        ASSERT_FALSE(error) << error.message();
-    }
-
-    test::TempDrives drives;
-    Telling telling;
-    string said;
-    std::function<void(int percent, const string& name)> meanwhile;
-};
 
 TEST_F(Archive, WordsOfABackup) {
     const std::pair<const char*, const char*> cases[] = {
@@ -422,159 +331,5 @@ TEST_F(Archive, WhatTheDiskHasNotKeptIsFound) {
     EXPECT_TRUE(said.starts_with("changed meanwhile: MATERIAL.DAT\n")) << said;
 }
 
-// Whatever goes wrong: what is called a backup is one, and in its place stands the old or the new.
-class ArchiveFaults : public Archive {
-  protected:
-    string Backing() { return DoBackup() == Outcome::kAllRight ? "" : said; }
-    string Restoring() { return DoRestore("1", true) == Outcome::kAllRight ? "" : said; }
-
-    void CheckBackups(const string& after) {
-        for (const Stored& stored : All()) {
-            if (stored.whole) {
-                EXPECT_EQ(DoVerify(stored.name), Outcome::kAllRight) << after << said;
-            }
-        }
-        EXPECT_EQ(Place(), before) << after;
-        EXPECT_EQ(DoBackup(), Outcome::kAllRight) << after << said;
-        for (const Stored& stored : All()) EXPECT_TRUE(stored.whole) << after;
-    }
-    void CheckPlace(const string& after, bool done) {
-        int news = 0, olds = 0;
-        for (const auto& entry : fs::directory_iterator(drives.Path("c:\\tolvarin\\USER\\PROD"))) {
-            const Tree tree = TreeIn(entry);
-            news += tree == before;
-            olds += tree == old;
-        }
-        const Tree now = Place();
-        EXPECT_TRUE(now == before || now == old) << after;
-        EXPECT_EQ(olds, 1) << after;
-        EXPECT_TRUE(!done || now == before) << after;
-        EXPECT_EQ(DoRestore("1", true), Outcome::kAllRight) << after << said;
-        for (const auto& entry : fs::directory_iterator(drives.Path("c:\\tolvarin\\USER\\PROD"))) {
-            EXPECT_NE(entry.path().extension(), ".restoring") << after;
-        }
-    }
-    void PrepareBackup() { fs::remove_all(drives.Path("d:\\QVBACKUP")); }
-    void PrepareRestore() {
-        fs::remove_all(drives.Path("c:\\tolvarin\\USER\\PROD"));
-        drives.Write(kPlace + "\\OLD", "old");
-        old = Place();
-    }
-
-    Tree before, old;
-};
-
-TEST_F(ArchiveFaults, LeaveNoHalfBackupAndTheOldOrTheNew) {
-    MakeJob(string(5000, 'x'));
-    before = Place();
-    for (const bool restoring : {false, true}) {
-        const auto work = [&] { return restoring ? Restoring() : Backing(); };
-        std::vector<string> calls;
-        const auto runWith = [&](const test::Fault& fault, std::size_t n) {
-            restoring ? PrepareRestore() : PrepareBackup();
-            return test::RunWith(fault, n, work, [] {}, calls);
-        };
-        ASSERT_EQ(runWith({}, 0), "");
-        if (calls.empty()) GTEST_SKIP() << "no call can be made to fail here";
-        for (const auto& [n, fault] : test::CasesOf(calls, false, 60)) {
-            const string told = runWith(fault, n);
-            const string after = calls.at(n - 1) + " " + string(fault.how) + " with " +
-                                 std::to_string(fault.error) + ": " + told + "\n";
-            ASSERT_NE(told, "CRASHED") << after;
-            const bool done = told.empty() && fault.how != "killed";
-            if (restoring) {
-                CheckPlace(after, done);
-            } else {
-                if (done) {
-                    EXPECT_EQ(DoRestore("1", false), Outcome::kAllRight) << after << said;
-                }
-                CheckBackups(after);
-            }
-        }
-    }
-}
-
-#ifndef _WIN32
-
-TEST_F(ArchiveFaults, KilledAtAnyMoment) {
-    MakeJob(string(2000000, 'x'));
-    for (int n = 0; n < 30; ++n) {
-        drives.Write(kPlace + "\\NEST\\" + std::to_string(n), string(n * 100, 'n'));
-    }
-    before = Place();
-    std::mt19937 random(3);
-    for (const bool restoring : {false, true}) {
-        for (int round = 0; round < 15; ++round) {
-            if (restoring) PrepareRestore();
-            const pid_t child = fork();
-            if (child == 0) {
-                const itimerval when = {{}, {0, 1 + static_cast<int>(random() % 30000)}};
-                setitimer(ITIMER_REAL, &when, nullptr);  // the alarm ends the process
-                if (restoring) {
-                    Restoring();
-                } else {
-                    Backing();
-                }
-                _exit(0);
-            }
-            random();
-            int status = 0;
-            waitpid(child, &status, 0);
-            if (restoring) {
-                CheckPlace("killed\n", WIFEXITED(status));
-            } else {
-                CheckBackups("killed\n");
-            }
-        }
-    }
-}
-
-TEST_F(ArchiveFaults, FullAndProtectedDisks) {
-    MakeJob(string(100000, 'x'));
-    before = Place();
-    ASSERT_EQ(DoBackup(), Outcome::kAllRight);
-    signal(SIGXFSZ, SIG_IGN);
-    rlimit limit;
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit small = {50000, limit.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    const Outcome backedUp = DoBackup();
-    const auto reason = [](int code) { return std::generic_category().message(code); };
-    EXPECT_NE(said.find("MATERIAL.DAT: " + reason(EFBIG)), said.npos) << said;
-    PrepareRestore();
-    const Outcome restored = DoRestore("1", true);
-    setrlimit(RLIMIT_FSIZE, &limit);
-    EXPECT_EQ(backedUp, Outcome::kNotDone);
-    EXPECT_EQ(restored, Outcome::kNotDone);
-    EXPECT_EQ(All().size(), 1u);
-    EXPECT_EQ(drives.Count("c:\\tolvarin\\USER\\PROD"), 1);
-    EXPECT_EQ(Place(), old);
-    // More than any disk has; nothing is written.
-    drives.Write(kPlace + "\\vast", "");
-    fs::resize_file(drives.Path(kPlace + "\\vast"), std::uintmax_t{1} << 43);
-    EXPECT_EQ(DoBackup(), Outcome::kNotDone);
-    EXPECT_TRUE(said.starts_with("There is no room on drive d: ")) << said;
-    EXPECT_EQ(drives.Count("d:\\QVBACKUP"), 1);
-    fs::remove(drives.Path(kPlace + "\\vast"));
-    // Rights keep the superuser from nothing.
-    const bool root = geteuid() == 0;
-    if (root) {
-        for (const auto& entry : fs::recursive_directory_iterator(drives.Folder())) {
-            ASSERT_EQ(chown(entry.path().c_str(), 65534, 65534), 0);
-        }
-        ASSERT_EQ(seteuid(65534), 0);
-    }
-    chmod(drives.Path(kPlace + "\\OLD").c_str(), 0);
-    EXPECT_EQ(DoBackup(), Outcome::kNotDone);
-    EXPECT_TRUE(said.starts_with("cannot be read: OLD: ")) << said;
-    EXPECT_FALSE(All().back().whole);
-    chmod(drives.Path(kPlace + "\\OLD").c_str(), 0600);
-    chmod(drives.Path("d:\\QVBACKUP").c_str(), 0555);
-    EXPECT_EQ(DoBackup(), Outcome::kNotDone);
-    EXPECT_TRUE(said.ends_with(".part: " + reason(EACCES))) << said;
-    EXPECT_EQ(seteuid(root ? 0 : geteuid()), 0);
-}
-
-#endif
-
 }  // namespace
+}  // namespace archive

@@ -89,7 +89,7 @@ TEST_F(Controls, RunTheirHandlersInOrder) {
         {[&] { txt.Edited("past\r\n[Section]", 15), Keys({'e'}); }, " =past =paste"},
         {[&] { txt.Select(1, 3), Keys({'z'}), txt.CutTo(3), txt.CutTo(2); }, " =pze =pz"},
         {[&] { Keys({'s'}), txt.Select(1, 9), Keys({'r'}); }, " =pzs =pr"},
-        {[&] { txt.SetText("abc"), txt.SetText("abc"); }, " =abc"},
+        {[&] { txt.SetText({"abc\0d", 5}), txt.SetText("abc"); }, " =abc"},
         {[&] { Keys({'&', 'B', 'N'}, kAlt), ok.SetFocus(); }, " -txt ok"},
         {[&] { Keys({kKeyRight, kKeyLeft, kKeyEnter}); }, " -ok cancel -cancel ok ok!"},
         {[&] { defaultButton = &ok, txt.SetFocus(), Keys({13}); }, " -ok txt -txt ok ok!"},

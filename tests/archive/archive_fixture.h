@@ -1,0 +1,96 @@
+// Data directories to back up and to bring back, on drives of their own, and what is told of it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <sstream>
+
+#include "app/system_config.h"
+#include "archive/stored.h"
+#include "tests/support/temp_drives.h"
+
+namespace archive {
+
+using std::string;
+using Tree = std::map<string, string>;
+
+inline const string kPlace = "c:\\tolvarin\\USER\\PROD\\my job";
+
+class Archive : public ::testing::Test {
+  protected:
+    Archive() {
+        app::TheConfig().NestRootDir = "\\tolvarin";
+        drives.MakeDir("c:\\tolvarin\\USER\\PROD");
+        telling.say = [this](const string& line) { said += line + "\n"; };
+        telling.progress = [this](int percent, const string& name) {
+            EXPECT_TRUE(percent >= 0 && percent <= 100) << percent;
+            if (meanwhile) meanwhile(percent, name);
+        };
+    }
+
+    // What is below a folder, with bytes, times and rights.
+    static Tree TreeIn(const fs::path& top) {
+        Tree tree;
+        for (const auto& entry : fs::recursive_directory_iterator(top)) {
+            const auto time = entry.last_write_time().time_since_epoch().count();
+            const auto name = entry.path().lexically_relative(top).generic_u8string();
+            string& state = tree[string(name.begin(), name.end())];
+            state = std::to_string(static_cast<int>(entry.status().permissions())) + " " +
+                    std::to_string(time) + " ";
+            if (!entry.is_regular_file()) continue;
+            std::ifstream file(entry.path(), std::ios::binary);
+            state += "|" + string(std::istreambuf_iterator<char>(file), {});
+        }
+        return tree;
+    }
+    Tree Place() const { return TreeIn(drives.Path(kPlace)); }
+    std::vector<Stored> All() const { return StoredIn(BackupsFolder('d')); }
+    // What a command ends with, and what it has said.
+    Outcome Ends(const std::function<Outcome()>& work) {
+        said.clear();
+        try {
+            return work();
+        } catch (const errors::Error& failure) {
+            said += Said(failure);
+            return Outcome::kNotDone;
+        }
+    }
+    Outcome DoBackup(const string& words) {
+        std::istringstream stream(words);
+        std::vector<string> list{std::istream_iterator<string>(stream), {}};
+        return Ends([&] { return Backup(JobOf(list), telling); });
+    }
+    Outcome DoBackup() { return DoBackup(kPlace + "\\*.* d: /s"); }
+    Outcome DoRestore(const string& which, bool replace) {
+        return Ends([&] { return Restore('d', which, replace, telling); });
+    }
+    Outcome DoVerify(const string& which = {}) {
+        return Ends([&] { return Verify('d', which, telling); });
+    }
+    // A few files and folders with times of their own.
+    void MakeJob(const string& bytes) {
+        fs::remove_all(drives.Path(kPlace));
+        drives.Write(kPlace + "\\MATERIAL.DAT", bytes);
+        drives.Write(kPlace + "\\COMP\\a", "a");
+        drives.MakeDir(kPlace + "\\TAPE");
+        SetTimes();
+    }
+    void SetTimes() {
+        std::int64_t seconds = 1'000'000'000;
+        std::error_code error;
+        for (const auto& entry : fs::recursive_directory_iterator(drives.Path(kPlace))) {
+            raw::SetTime(entry.path(), {seconds += 1001, 100}, error);
+        }
+        ASSERT_FALSE(error) << error.message();
+    }
+
+    test::TempDrives drives;
+    Telling telling;
+    string said;
+    std::function<void(int percent, const string& name)> meanwhile;
+};
+
+}  // namespace archive
