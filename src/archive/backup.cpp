@@ -314,8 +314,7 @@ Outcome Run::Do() {
     }
     raw::Flush(backups_, error);
     if (error) Remark("The drive does not confirm the name: " + Reason(error));
-    telling_.say(std::to_string(FilesIn(list_.items)) + " files, " +
-                 std::to_string(BytesOf(list_.items)) + " bytes in " + Shown(whole_));
+    telling_.say(FilesAndBytes(list_.items) + " in " + Shown(whole_));
     try {
         RemoveOld(interrupted_);
     } catch (const NativeError& failure) {

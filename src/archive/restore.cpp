@@ -211,9 +211,7 @@ Outcome Restoration::Do(bool replace) {
     PutInPlace(built, stands);
     raw::Flush(path_.parent_path(), error);
     if (error) telling_.say("The drive does not confirm the name: " + Reason(error));
-    telling_.say(std::to_string(FilesIn(list_.items)) + " files, " +
-                 std::to_string(BytesOf(list_.items)) + " bytes brought back to " +
-                 text::ToUtf8(place_));
+    telling_.say(FilesAndBytes(list_.items) + " brought back to " + text::ToUtf8(place_));
     return error ? Outcome::kSomething : Outcome::kAllRight;
 }
 

@@ -12,17 +12,13 @@ namespace {
 
 using std::string;
 
-string Sum(const std::vector<Item>& items) {
-    return std::to_string(FilesIn(items)) + " files  " + std::to_string(BytesOf(items)) + " bytes";
-}
-
 // What a backup holds and whether it is whole.
 string StateOf(const Stored& stored) {
     try {
-        if (stored.whole) return Sum(ListIn(stored).items) + "  whole";
+        if (stored.whole) return FilesAndBytes(ListIn(stored).items) + "  whole";
         const auto contents = ContentsOf(
             stored.path, [](const Item& item, const fs::path&) { return item.name != kListName; });
-        return Sum(contents.items) + "  interrupted";
+        return FilesAndBytes(contents.items) + "  interrupted";
     } catch (const errors::Error& failure) {
         return "cannot be read: " + Said(failure);
     }
@@ -42,7 +38,7 @@ Outcome VerifyOne(const Stored& stored, const Telling& telling) {
         found.Tell({say, telling.progress});
         if (!found.unreadable.empty()) return Outcome::kNotDone;
         if (!found.None()) return Outcome::kSomething;
-        say(Sum(list.items) + ": all right");
+        say(FilesAndBytes(list.items) + ": all right");
         return Outcome::kAllRight;
     } catch (const errors::Error& failure) {
         say("cannot be read: " + Said(failure));

@@ -182,9 +182,12 @@ std::uint64_t BytesOf(const std::vector<Item>& items) {
     return sum;
 }
 
-std::size_t FilesIn(const std::vector<Item>& items) {
-    return static_cast<std::size_t>(std::count_if(
-        items.begin(), items.end(), [](const Item& item) { return !item.IsFolder(); }));
+std::string FilesAndBytes(const std::vector<Item>& items) {
+    const auto files = std::count_if(items.begin(), items.end(),
+                                     [](const Item& item) { return !item.IsFolder(); });
+    const auto bytes = BytesOf(items);
+    return std::to_string(files) + (files == 1 ? " file, " : " files, ") + std::to_string(bytes) +
+           (bytes == 1 ? " byte" : " bytes");
 }
 
 Contents ContentsOf(const fs::path& top, const Wanted& wanted) {

@@ -66,7 +66,8 @@ class Progress {
 std::uint64_t WorkOf(const Item& item);
 std::uint64_t WorkOf(const std::vector<Item>& items);
 std::uint64_t BytesOf(const std::vector<Item>& items);
-std::size_t FilesIn(const std::vector<Item>& items);
+// "3 files, 51 bytes".
+std::string FilesAndBytes(const std::vector<Item>& items);
 
 struct Remark {
     std::string name, reason;

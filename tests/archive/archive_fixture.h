@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <regex>
 #include <sstream>
 
 #include "app/system_config.h"
@@ -57,6 +58,12 @@ class Archive : public ::testing::Test {
             said += Said(failure);
             return Outcome::kNotDone;
         }
+    }
+    // What was told, without the folder and the time of this run.
+    string Told() const {
+        string told = std::regex_replace(said, std::regex(R"(\\)"), "/");
+        told = std::regex_replace(told, std::regex(drives.Folder().generic_string()), "<drives>");
+        return std::regex_replace(told, std::regex("[0-9]{4}(-[0-9]{2}){2} [0-9.]{8}"), "<time>");
     }
     Outcome DoBackup(const string& words) {
         std::istringstream stream(words);
