@@ -288,7 +288,7 @@ Outcome Run::Do() {
     }
     Check(backups_, error);
     const raw::Claim claim(backups_);
-    if (claim.AnotherHasIt()) throw errors::Error("Another backup to this drive is running");
+    if (claim.AnotherHasIt()) throw errors::Error("Another backup or restoration is running");
     interrupted_ = StoredIn(backups_);
     std::erase_if(interrupted_, [](const Stored& stored) { return stored.whole; });
     FindRoom();

@@ -126,7 +126,9 @@ TEST_F(ArchiveFaults, FullAndProtectedDisks) {
     }
     chmod(drives.Path(kPlace + "\\OLD").c_str(), 0);
     EXPECT_EQ(DoBackup(), Outcome::kNotDone);
-    EXPECT_TRUE(said.starts_with("cannot be read: OLD: ")) << said;
+    EXPECT_EQ(Told(), "cannot be read: OLD: " + reason(EACCES) +
+                          "\nWhat could be read is in <drives>/d/QVBACKUP/<time> my job.part; it "
+                          "is not a whole backup\n");
     EXPECT_FALSE(All().back().whole);
     chmod(drives.Path(kPlace + "\\OLD").c_str(), 0600);
     chmod(drives.Path("d:\\QVBACKUP").c_str(), 0555);

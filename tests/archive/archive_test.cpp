@@ -217,7 +217,9 @@ TEST_F(Archive, WhatIsCopiedAndWhatIsTold) {
     {
         const raw::Claim claim(BackupsFolder('d'));
         EXPECT_EQ(DoBackup(), Outcome::kNotDone);
-        EXPECT_EQ(said, "Another backup to this drive is running");
+        EXPECT_EQ(said, "Another backup or restoration is running");
+        DoRestore("1", true);
+        EXPECT_EQ(said, "Another backup or restoration is running");
     }
     // Deleted are only whole ones of the same folder.
     ASSERT_EQ(DoBackup(), Outcome::kAllRight) << said;
