@@ -5,6 +5,7 @@
 
 #include "archive/sha256.h"
 #include "tests/archive/archive_fixture.h"
+#include "text/code_page.h"
 
 #ifndef _WIN32
 #include <sys/stat.h>
@@ -244,6 +245,11 @@ TEST_F(Archive, WhatIsCopiedAndWhatIsTold) {
     drives.Write("c:\\x.part\\a", "a");
     EXPECT_EQ(DoBackup("c:\\x.part d:"), Outcome::kAllRight);
     for (const Stored& stored : All()) EXPECT_TRUE(stored.whole) << stored.name;
+    // A name that is too long is cut between two letters.
+    const string letters(101, '\xFC'), longest = text::ToUtf8(letters.substr(1));
+    drives.Write("c:\\" + letters + "\\a", "a");
+    EXPECT_EQ(DoBackup("c:\\" + letters + " d:"), Outcome::kAllRight) << said;
+    EXPECT_TRUE(said.ends_with(" " + longest + "\n")) << said;
     // Changes while it is copied.
     int calls = 0;
     meanwhile = [&](int, const string&) {
