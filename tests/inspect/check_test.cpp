@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "inspect/check_files.h"
-#include "tests/support/script.h"
+#include "tests/support/script_text.h"
 
 namespace {
 

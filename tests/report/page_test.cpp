@@ -18,6 +18,7 @@
 #include "profile/profile.h"
 #include "report/html.h"
 #include "report/process_section.h"
+#include "tests/support/script_text.h"
 #include "tests/support/source_files.h"
 #include "tests/support/workshop.h"
 

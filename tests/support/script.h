@@ -46,9 +46,6 @@
 
 namespace test {
 
-// The bytes that a text in quotes stands for.
-std::string Meant(std::string_view text);
-
 enum class Paper { kKept, kReal };
 
 // Starts the program and plays the script in it. What is printed is kept and compared, or goes to
