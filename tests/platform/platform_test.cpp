@@ -152,6 +152,8 @@ TEST_F(Files, AreNotSavedIfTheirGroupWouldBeLostOrTheFolderCannotBeRead) {
         fs::permissions(folder, fs::perms(mode));
         EXPECT_EQ(several ? seteuid(60001) : 0, 0);
         EXPECT_EQ(KindOf([] { Save("c:\\a.dat"); }), kRefused) << mode;
+        const auto opens = [mode](auto open) { return mode != 0333u || KindOf(open) == kRefused; };
+        EXPECT_TRUE(opens([] { Folder("c:"); }) && opens([] { Folder::IfThere("c:"); }));
         EXPECT_EQ(several ? seteuid(0) : 0, 0);
     }
     fs::permissions(folder, fs::perms(0700));
