@@ -42,7 +42,7 @@ class Console {
   private:
     void Say(const std::string& line) {
         Clear();
-        std::cout << line << '\n' << std::flush;
+        out_ << line << '\n' << std::flush;
     }
     void Show(int percent, const std::string& name) {
         const auto now = std::chrono::steady_clock::now();

@@ -27,10 +27,31 @@ class CommandLine : public ::testing::Test {
             text.erase(at, folder.size());
         }
         std::replace(text.begin(), text.end(), '\\', '/');
-        return text;
+        return std::regex_replace(text, std::regex("[0-9]{4}(-[0-9]{2}){2} [0-9.]{8}"), "<time>");
     }
     const test::Workshop workshop;
 };
+
+TEST_F(CommandLine, BacksUpVerifiesAndBringsBack) {
+    const std::pair<std::vector<const char*>, const char*> commands[] = {
+        {{"backup", "c:\\tolvarin\\USER\\PROD\\P10\\*.*", "d:", "/s"},
+         "0\n1 file, 194 bytes in /d/QVBACKUP/<time> P10\n"},
+        {{"backup", "c:\\tolvarin\\USER\\DESIGN", "\xCE\xA9", "d:"},
+         "2\nquarvel-data: What was given has a character that the data cannot hold\n"},
+        {{"backup", "/s"}, "2\nquarvel-data: What is to be backed up, and to which drive?\n"},
+        {{"restore", "d:"}, "0\n  1  <time>  P10  1 file, 194 bytes  whole\n"},
+        {{"restore", "D", "1"}, "0\nc:/tolvarin/USER/PROD/P10 is as it was backed up\n"},
+        {{"restore", "d:\\", "P10"}, "2\nquarvel-data: There is no backup P10 on the drive\n"},
+        {{"verify", "d"}, "0\n<time> P10: 1 file, 194 bytes: all right\n"},
+        {{"verify", "c:", "P10"}, "2\nquarvel-data: There is no backup P10 on the drive\n"},
+        {{"verify", "d:\\x"},
+         "2\nDESTINATION: d:/x is no drive\nRun with --help for more information.\n"},
+        {{"verify", "1"}, "2\nDESTINATION: 1 is no drive\nRun with --help for more information.\n"},
+        {{"report", "no/page.html"},
+         "2\nquarvel-data: no/page.html: the directory that it belongs in is missing\n"},
+    };
+    for (const auto& [words, said] : commands) EXPECT_EQ(Run(words), said);
+}
 
 TEST_F(CommandLine, LooksOverTheInstallation) {
     workshop.Write("c:\\tolvarin\\USER\\PROD\\NOTES.TXT", "");
