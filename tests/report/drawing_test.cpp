@@ -93,7 +93,7 @@ process::ProcessRecord Record(std::string_view lead, int percent, int overrun) {
     record.Leadin = record.Leadout = lead;
     record.LeadoutPercent = static_cast<std::int16_t>(percent);
     record.LeadoutOverrun = static_cast<std::int16_t>(overrun);
-    for (const float length : {0.0F, 4.0F, 8.0F, 12.0F}) {
+    for (const float length : {0.0F, 2.0F, 4.0F, 8.0F, 12.0F}) {
         record.Row(++record.ThicknessCount).DefaultLeadin = length;
     }
     return record;
@@ -116,7 +116,7 @@ TEST(Leads, LengthsOfAThicknessInTheMiddle) {
         SCOPED_TRACE(lead.percent);
         const auto record = Record("A180", lead.percent, lead.overrun);
         const report::Leads leads(record);
-        EXPECT_EQ(leads.row, &record.Row(3));
+        EXPECT_EQ(leads.row, &record.Row(4));
         EXPECT_EQ(leads.inLength, 8);
         EXPECT_NEAR(leads.outLength, lead.out, 1e-6);
         EXPECT_NEAR(leads.out.radius, lead.drawnOut, 1e-6);
