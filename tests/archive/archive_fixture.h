@@ -28,6 +28,7 @@ class Archive : public ::testing::Test {
         telling.say = [this](const string& line) { said += line + "\n"; };
         telling.progress = [this](int percent, const string& name) {
             EXPECT_TRUE(percent >= 0 && percent <= 100) << percent;
+            percent_ = percent;
             if (meanwhile) meanwhile(percent, name);
         };
     }
@@ -51,9 +52,12 @@ class Archive : public ::testing::Test {
     std::vector<Stored> All() const { return StoredIn(BackupsFolder('d')); }
     // What a command ends with, and what it has said.
     Outcome Ends(const std::function<Outcome()>& work) {
-        said.clear();
+        said.clear(), percent_ = -1;
         try {
-            return work();
+            const Outcome outcome = work();
+            EXPECT_TRUE(percent_ == -1 || percent_ == 100 || outcome != Outcome::kAllRight)
+                << percent_;
+            return outcome;
         } catch (const errors::Error& failure) {
             said += Said(failure);
             return Outcome::kNotDone;
@@ -97,6 +101,7 @@ class Archive : public ::testing::Test {
     test::TempDrives drives;
     Telling telling;
     string said;
+    int percent_ = -1;  // done
     std::function<void(int percent, const string& name)> meanwhile;
 };
 

@@ -157,6 +157,9 @@ TEST_F(Archive, ReplacesOnlyWhenAskedAndKeepsWhatWasThere) {
     drives.Write(kPlace + "\\COMP\\b", "");
     fs::remove(drives.Path(kPlace + "\\TAPE"));
     const Tree later = Place();
+    for (const char* other : {"my job 2", "x.restoring", "my job old.restoring"}) {
+        drives.MakeDir(string("c:\\tolvarin\\USER\\PROD\\") + other);
+    }
     // A drive may keep coarser times; those of the list count.
     std::error_code error;
     raw::SetTime(All()[0].path / "MATERIAL.DAT", {1, 0}, error);
@@ -172,7 +175,7 @@ TEST_F(Archive, ReplacesOnlyWhenAskedAndKeepsWhatWasThere) {
             "\nWhat stood there is now <drives>/c/tolvarin/USER/PROD/my job <time>\n"
             "2 files, 4 bytes brought back to c:/tolvarin/USER/PROD/my job\n"));
         EXPECT_EQ(Place(), backedUp);
-        ASSERT_EQ(drives.Count("c:\\tolvarin\\USER\\PROD"), 1 + times);
+        ASSERT_EQ(drives.Count("c:\\tolvarin\\USER\\PROD"), 4 + times);
         drives.Write(kPlace + "\\COMP\\b", "");  // the second one cannot wait for a new date
     }
     fs::remove_all(drives.Path(kPlace));

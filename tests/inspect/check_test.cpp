@@ -92,9 +92,13 @@ TEST(Check, Processes) {
         -> 4 warning Leadin=line is none of Line, Arc and A180: the next save leaves it out;
         -> 6 note Leadout=Arc is kept by a save only where the process window has shown this
         -> process before; 7 warning MajorDir=2 means nothing: the next save leaves it out
-    [Processes]|Process1=P|[P]|Leadin=Line|Angle=1e9|Leadout=A180|Extension=2 -> 5 error Angle=1e9
-        -> is outside -32768 to 32767: the file cannot be opened; 7 warning Extension=2 means
-        -> nothing: the next save leaves it out
+    [Processes]|Process1=P|[P]|Leadin=Line|Angle=1e9|Leadout=A180|Extension=2|MinorOpenKerf=2|MinorDir=2|Leadoutextension=3|Thickness1x=3 ->
+        -> 5 error Angle=1e9 is outside -32768 to 32767: the file cannot be opened;
+        -> 7 warning Extension=2 means nothing: the next save leaves it out;
+        -> 8 warning MinorOpenKerf=2 means nothing: the next save leaves it out;
+        -> 9 warning MinorDir=2 means nothing: the next save leaves it out; 10 warning
+        -> Leadoutextension=3 means nothing: the next save leaves it out; 11 note Thickness1x is
+        -> not read here, and the next save leaves it out
     [Processes]|Process1=P|[P]|Thickness1=3mm,,9,1,1|Thickness2=4mm, -1, 8, 1, -1|Thickness3=5mm, 1 ->
         -> 4 warning Thickness1=3mm,,9,1,1: the pierce time is empty, so all behind it shift;
         -> 5 warning Thickness2=4mm, -1, 8, 1, -1: the sign of the pierce time is lost;
@@ -177,10 +181,10 @@ TEST(Check, MaterialLists) {
     [Mat1]|Type=MS|Process=P|Thickness=25mm|[Mat2]|Type=ms|Process=p|Thickness=25.1|[Mat3]|Type=ms ->
         -> 8 warning 25.1 mm is outside the -1 to 25 mm of p: it is pulled inside when the list is
         -> opened; 9 warning the entry names no process
-    [Mat1]|Type=SS|Process=P|Thickness=-1|[Mat2]|Type=XX|Process=Q|Thickness=99|[Mat3]|Type=SS|Process=p|Thickness=-1mm ->
+    [Mat1]|Type=SS|Process=P|Thickness=-1|[Mat2]|Type=XX|Process=Q|Thickness=99|[Mat3]|Type=SS|Process=p|Thickness=-1mm|[Mat4]|Type=MS|Process=P|Thickness=-1|[Mat5]|Type=SS|Thickness=-1 ->
         -> 6 warning there is no material type XX: nothing can be cut from this entry;
         -> 7 warning there is no process Q: nothing can be cut with this entry;
-        -> 9 note entry 3 is the same as entry 1
+        -> 9 note entry 3 is the same as entry 1; 17 warning the entry names no process
     [Mat1]|Type=SS|Process=P|Thickness=1,5mm|Width=3|[Mat3]|Type=SS -> 4 warning Thickness=1,5mm
         -> reads as 1: decimals stand behind a point; 5 note Width is not read here, and the next
         -> save leaves it out; 6 warning [Mat3] is not used: nothing lists it, and the next save

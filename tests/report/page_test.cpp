@@ -136,6 +136,7 @@ TEST(Report, ShowsWhatIsSetUp) {
                  "[Mat2]\nType=ZZ\nThickness=6\nProcess=Oxy <1>\n"
                  "[Mat3]\nType=MS\nThickness=12.5\nProcess=Plasma\n");
     drives.Write("c:\\tolvarin\\USER\\PROD\\P10\\MATERIAL.DAT", "[Mat1]\nType=AL\nThickness=6\n");
+    drives.Write("c:\\tolvarin\\network\\user1\\nestuser.ini", "[Nest]\nNestCheck=on\n");
     for (const char* folder : {"PROD\\P10\\COMP", "PROD\\P10\\GROUP", "PROD\\P10\\NEST",
                                "PROD\\P10\\TAPE", "DESIGN\\PLATES\\GEOMETRY"}) {
         drives.MakeDir(std::string("c:\\tolvarin\\USER\\") + folder);

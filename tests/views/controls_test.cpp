@@ -117,7 +117,7 @@ TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
     const Cases cases = {
         {[&] {}, " G! lst A! C!"},
         {[&] { Keys({kKeyUp, kKeyDown, kKeyPageUp, kKeyPageDown}); }, " f! G! a! k!"},
-        {[&] { Keys({kKeyEnd, kKeyPageDown, kKeyHome, kKeyLeft, kKeyRight}); }, " m! a! b!"},
+        {[&] { Keys({kKeyEnd, kKeyHome, kKeyPageUp, kKeyLeft, kKeyRight}); }, " m! a! b!"},
         {[&] { Keys({'c', 'c', 'z'}), Keys({kKeyUp}, kAlt); }, " C!"},
         {[&] { lst.RemoveItem(0), lst.RemoveItem(9), Keys({kKeyDown}); }, " d!"},
         {[&] { lst.RemoveItem(2), lst.SetListIndex(99), Keys({kKeyDown}); }, " b!"},
