@@ -109,12 +109,13 @@ TEST_F(ArchiveFaults, FullAndProtectedDisks) {
     EXPECT_EQ(All().size(), 1u);
     EXPECT_EQ(drives.Count("c:\\tolvarin\\USER\\PROD"), 1);
     EXPECT_EQ(Place(), old);
-    // More than any disk has; nothing is written.
+    // More than any disk has, where the operator may have such a file; nothing is written.
     drives.Write(kPlace + "\\vast", "");
-    fs::resize_file(drives.Path(kPlace + "\\vast"), std::uintmax_t{1} << 43);
-    EXPECT_EQ(DoBackup(), Outcome::kNotDone);
-    EXPECT_TRUE(said.starts_with("There is no room on drive d: ")) << said;
-    EXPECT_EQ(drives.Count("d:\\QVBACKUP"), 1);
+    std::error_code error;
+    fs::resize_file(drives.Path(kPlace + "\\vast"), std::uintmax_t{1} << 43, error);
+    EXPECT_EQ(DoBackup(), error ? Outcome::kAllRight : Outcome::kNotDone);
+    EXPECT_TRUE(error || said.starts_with("There is no room on drive d: ")) << said;
+    EXPECT_EQ(drives.Count("d:\\QVBACKUP"), error ? 2 : 1);
     fs::remove(drives.Path(kPlace + "\\vast"));
     // Rights keep the superuser from nothing.
     const bool root = geteuid() == 0;
