@@ -136,7 +136,10 @@ views::Answer RealPlayer::Show(const views::Message& message) {
 #else
     const auto hasFocus = [] {
         wxWindow* const top = wxGetTopLevelParent(wxWindow::FindFocus());
-        return dynamic_cast<wxGenericMessageDialog*>(top) != nullptr;
+        const auto* box = dynamic_cast<wxGenericMessageDialog*>(top);
+        // Its title is not cut off, and there is room for the buttons beside it.
+        EXPECT_TRUE(!box || box->GetSize().x > box->GetTextExtent(box->GetTitle()).x + 100);
+        return box != nullptr;
     };
 #endif
     wxTimer timer;

@@ -36,6 +36,16 @@ wxTopLevelWindow* MakeWindow(const Form& form, wxWindow* parent) {
 
 }  // namespace
 
+void ShowWholeTitle(wxTopLevelWindow& window) {
+    constexpr int kButtons = 130;  // pixels at 96 dpi, for an icon and up to three of them
+    const int title = window.GetTextExtent(window.GetTitle()).x + window.FromDIP(kButtons);
+    const int most = wxSystemSettings::GetMetric(wxSYS_SCREEN_X) / 2;
+    const wxSize least(std::max(window.GetMinSize().x, std::min(title, most)),
+                       window.GetMinSize().y);
+    window.SetMinSize(least);
+    window.SetSize(wxSize(std::max(window.GetSize().x, least.x), window.GetSize().y));
+}
+
 FormWindow::FormWindow(Form& form, wxWindow* parent)
     : form_(form), window_(MakeWindow(form, parent)) {
     Build();
@@ -75,7 +85,7 @@ void FormWindow::Build() {
     for (auto& [plain, peer] : peers_) peer->Start();
     // By the size inside the frame: that of its border is known only when it is shown.
     window_->GetSizer()->SetSizeHints(window_);
-    ShowWholeTitle();
+    ShowWholeTitle(*window_);
     form_.width = window_->GetSize().x;
     form_.height = window_->GetSize().y;
 }
@@ -164,17 +174,6 @@ WindowPeer* FormWindow::PeerOf(const Control* control) const {
 wxWindow* FormWindow::WindowOf(const Control& control) const {
     const WindowPeer* peer = PeerOf(&control);
     return peer == nullptr ? nullptr : peer->Window();
-}
-
-// A small dialog is no narrower than its title with the buttons beside it.
-void FormWindow::ShowWholeTitle() {
-    constexpr int kButtons = 130;  // pixels at 96 dpi, for an icon and up to three of them
-    const int title = window_->GetTextExtent(window_->GetTitle()).x + window_->FromDIP(kButtons);
-    const int most = wxSystemSettings::GetMetric(wxSYS_SCREEN_X) / 2;
-    const wxSize least(std::max(window_->GetMinSize().x, std::min(title, most)),
-                       window_->GetMinSize().y);
-    window_->SetMinSize(least);
-    window_->SetSize(wxSize(std::max(window_->GetSize().x, least.x), window_->GetSize().y));
 }
 
 void FormWindow::Run() {

@@ -85,6 +85,12 @@ bool AskBox(wxWindow* parent, const Message& message) {
     }
     wxGenericMessageDialog box(parent, WithLines(message.text), ToWx(message.title), style);
     if (message.buttons == Buttons::kYesNo) box.SetEscapeId(wxID_NO);
+    // The box gets its size only now.
+    box.Bind(wxEVT_INIT_DIALOG, [&box](wxInitDialogEvent& event) {
+        event.Skip();
+        ShowWholeTitle(box);
+        box.Centre();
+    });
     const int answer = box.ShowModal();
     return answer == wxID_OK || answer == wxID_YES;
 }
