@@ -51,6 +51,9 @@ TEST_F(CommandLine, BacksUpVerifiesAndBringsBack) {
          "2\nquarvel-data: no/page.html: the directory that it belongs in is missing\n"},
     };
     for (const auto& [words, said] : commands) EXPECT_EQ(Run(words), said);
+    const string inside = workshop.Path("c:\\tolvarin\\page.html").string();
+    EXPECT_EQ(Run({"report", inside.c_str()}),
+              "2\nquarvel-data: The page would lie in the data, in c:/tolvarin\n");
 }
 
 TEST_F(CommandLine, LooksOverTheInstallation) {

@@ -99,15 +99,17 @@ TEST(Check, Processes) {
         -> 9 warning MinorDir=2 means nothing: the next save leaves it out; 10 warning
         -> Leadoutextension=3 means nothing: the next save leaves it out; 11 note Thickness1x is
         -> not read here, and the next save leaves it out
-    [Processes]|Process1=P|[P]|Thickness1=3mm,,9,1,1|Thickness2=4mm, -1, 8, 1, -1|Thickness3=5mm, 1 ->
+    [Processes]|Process1=P|[P]|Thickness1=3mm,,9,1,1|Thickness2=4mm, -1, 8, 1, -1|Thickness3=5mm, 1|Thickness4=6, 9, 9, -1, 1 ->
         -> 4 warning Thickness1=3mm,,9,1,1: the pierce time is empty, so all behind it shift;
         -> 5 warning Thickness2=4mm, -1, 8, 1, -1: the sign of the pierce time is lost;
         -> 5 warning Thickness2=4mm, -1, 8, 1, -1: the sign of the nozzle size is lost;
-        -> 5 note the feed rate rises to 8 mm/min with the thickness; 5 note the pierce time 1 is
-        -> off the course of its neighbours, by which it would be about 2.6;
-        -> 6 warning Thickness3=5mm, 1: there is no feed rate, which reads as 0;
+        -> 5 note the feed rate 8 is off the course of its neighbours, by which it would be about
+        -> 2.5; 5 note the pierce time 1 is off the course of its neighbours, by which it would be
+        -> about 2.6; 6 warning Thickness3=5mm, 1: there is no feed rate, which reads as 0;
         -> 6 note the feed rate is 0: nothing is cut; 6 note the pierce time falls to 1 s with the
-        -> thickness
+        -> thickness; 7 warning Thickness4=6, 9, 9, -1, 1: the sign of the lead-in length is lost;
+        -> 7 note the feed rate rises to 9 mm/min with the thickness; 7 note the pierce time 9 is
+        -> off the course of its neighbours, by which it would be about 1
     [Processes]|Process1=P|[P]|Thickness1=3,5mm, 1, 9, 1, 1|Thickness2=-4, 1, 8, 1|Thickness3=mm, 1, 7, 1 ->
         -> 4 warning Thickness1=3,5mm, 1, 9, 1, 1: decimals stand behind a point;
         -> what is behind a comma is the next number; 5 warning Thickness2=-4, 1, 8, 1: the
