@@ -1,7 +1,6 @@
 #include "inspect/believable.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "text/numbers.h"
@@ -9,17 +8,19 @@
 namespace inspect {
 namespace {
 
-enum : std::size_t { kDensity, kCourse };
+struct Bounds {
+    double least, most;
+};
 
-constexpr std::array<Bound, 2> kBounds{{
-    {"density in t/m3", 0.5, 23,
-     "osmium, the densest element, has 22.59 (CRC Handbook of Chemistry and Physics); softwood, "
-     "the "
-     "lightest board that is cut, has about 0.5. A point too few or too many lies outside"},
-    {"feed rate or pierce time over that between its neighbours, as a factor", 0.5, 2,
-     "a digit too many or too few is a factor of ten. Between neighbours the course is taken as a "
-     "power of the thickness, which holds every row of the demonstration data within 1.4"},
-}};
+// Of a density in t/m3. Osmium, the densest element, has 22.59 (CRC Handbook of Chemistry and
+// Physics); softwood, the lightest board that is cut, has about 0.5. A point too few or too many
+// lies outside.
+constexpr Bounds kDensity{0.5, 23};
+
+// Of a feed rate or pierce time over that between its neighbours. A digit too many or too few is a
+// factor of ten. Between neighbours the course is taken as a power of the thickness, which holds
+// every row of the demonstration data within 1.4.
+constexpr Bounds kCourse{0.5, 2};
 
 using Field = float process::ThicknessRow::*;
 
@@ -53,7 +54,7 @@ struct Course {
     bool IsBelievable() const {
         for (std::size_t at = 1; at + 1 < rows.size(); ++at) {
             const double factor = Deviation(at);
-            if (factor < kBounds[kCourse].least || factor > kBounds[kCourse].most) return false;
+            if (factor < kCourse.least || factor > kCourse.most) return false;
         }
         return true;
     }
@@ -96,10 +97,6 @@ Course Smoothed(Course course, const char* name, std::vector<Doubt>& doubts) {
 }
 
 }  // namespace
-
-std::span<const Bound> Bounds() {
-    return kBounds;
-}
 
 std::vector<Doubt> DoubtsOf(const process::ProcessRecord& record) {
     std::vector<Doubt> doubts;
@@ -146,8 +143,7 @@ std::vector<Doubt> DoubtsOf(const process::ProcessRecord& record) {
 }
 
 std::string DoubtOfDensity(float density) {
-    const Bound& bound = kBounds[kDensity];
-    if (density >= bound.least && density <= bound.most) return {};
+    if (density >= kDensity.least && density <= kDensity.most) return {};
     return "a density of " + text::NumberText(density) + " t/m3 is not between 0.5 and 23";
 }
 

@@ -2,21 +2,12 @@
 // for which each of them is right.
 #pragma once
 
-#include <span>
 #include <string>
 #include <vector>
 
 #include "process/process_table.h"
 
 namespace inspect {
-
-// The bounds, and why.
-struct Bound {
-    const char* what;
-    double least, most;
-    const char* reason;
-};
-std::span<const Bound> Bounds();
 
 struct Doubt {
     int row;                               // of the thickness table, counted from 1
