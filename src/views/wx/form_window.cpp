@@ -75,7 +75,7 @@ void FormWindow::Build() {
     for (auto& [plain, peer] : peers_) peer->Start();
     // By the size inside the frame: that of its border is known only when it is shown.
     window_->GetSizer()->SetSizeHints(window_);
-    ShowWholeTitle();
+    ShowWholeTitle(*window_);
     form_.width = window_->GetSize().x;
     form_.height = window_->GetSize().y;
 }
@@ -166,15 +166,14 @@ wxWindow* FormWindow::WindowOf(const Control& control) const {
     return peer == nullptr ? nullptr : peer->Window();
 }
 
-// A small dialog is no narrower than its title with the buttons beside it.
-void FormWindow::ShowWholeTitle() {
+void ShowWholeTitle(wxTopLevelWindow& window) {
     constexpr int kButtons = 130;  // pixels at 96 dpi, for an icon and up to three of them
-    const int title = window_->GetTextExtent(window_->GetTitle()).x + window_->FromDIP(kButtons);
+    const int title = window.GetTextExtent(window.GetTitle()).x + window.FromDIP(kButtons);
     const int most = wxSystemSettings::GetMetric(wxSYS_SCREEN_X) / 2;
-    const wxSize least(std::max(window_->GetMinSize().x, std::min(title, most)),
-                       window_->GetMinSize().y);
-    window_->SetMinSize(least);
-    window_->SetSize(wxSize(std::max(window_->GetSize().x, least.x), window_->GetSize().y));
+    const wxSize least(std::max(window.GetMinSize().x, std::min(title, most)),
+                       window.GetMinSize().y);
+    window.SetMinSize(least);
+    window.SetSize(wxSize(std::max(window.GetSize().x, least.x), window.GetSize().y));
 }
 
 void FormWindow::Run() {

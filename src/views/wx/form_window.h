@@ -16,6 +16,9 @@ class wxSizer;
 
 namespace views::wx {
 
+// A small dialog is no narrower than its title with the buttons beside it.
+void ShowWholeTitle(wxTopLevelWindow& window);
+
 class FormWindow : public FormPeer {
   public:
     // A window of its own without a parent, else a dialog of the parent.
@@ -44,7 +47,6 @@ class FormWindow : public FormPeer {
     WindowPeer& Make(Control& control, wxWindow* parent);
     WindowPeer* PeerOf(const Control* control) const;
     void ForwardKey(wxKeyEvent& event);
-    void ShowWholeTitle();
     void Place(wxMoveEvent& event);
 
     Form& form_;

@@ -85,6 +85,12 @@ bool AskBox(wxWindow* parent, const Message& message) {
     }
     wxGenericMessageDialog box(parent, WithLines(message.text), ToWx(message.title), style);
     if (message.buttons == Buttons::kYesNo) box.SetEscapeId(wxID_NO);
+    // It gets its size when it is about to be shown.
+    box.Bind(wxEVT_INIT_DIALOG, [&box](wxInitDialogEvent& event) {
+        event.Skip();
+        ShowWholeTitle(box);
+        box.CentreOnParent();
+    });
     const int answer = box.ShowModal();
     return answer == wxID_OK || answer == wxID_YES;
 }
