@@ -68,6 +68,26 @@ string Comparable(std::string_view utf8) {
     return comparable;
 }
 
+// The folder with its own name as it stands on the disk: the System Manager shows names in small
+// letters and hands them on so, but what comes back is to be called as it was. As given where it
+// cannot be found out.
+string AsItStands(const string& folder, const fs::path& native) {
+    const auto name = folder.rfind('\\') + 1;
+    std::error_code error;
+    const platform::native::Directory above(native.parent_path(), error);
+    if (name == 0 || error) return folder;
+    string spelled = folder;
+    for (const auto& entry : above.Entries(error)) {
+        const auto own = platform::native::ToSystem(entry.name);
+        const bool same = own && text::EqualIgnoringCase(*own, folder.substr(name));
+        // Where names differ in case only, several fit.
+        std::error_code ignored;
+        if (!same || !fs::equivalent(native.parent_path() / entry.name, native, ignored)) continue;
+        spelled.replace(name, string::npos, *own);
+    }
+    return spelled;
+}
+
 // What the disk needs for it: whole blocks of files, and a share of the folders and the list.
 std::uint64_t RoomFor(const std::vector<Item>& items) {
     constexpr std::uint64_t kBlock = 4096;
@@ -276,7 +296,7 @@ Outcome Run::Do() {
         outcome_ = Outcome::kNotDone;
     }
     list_.what = text::ToUtf8(job_.What());
-    list_.folder = text::ToUtf8(job_.folder);
+    list_.folder = text::ToUtf8(AsItStands(job_.folder, from_));
     list_.root = text::ToUtf8(app::TheConfig().NestRootDir);
     list_.pattern = text::ToUtf8(job_.pattern);
     list_.below = job_.below;
