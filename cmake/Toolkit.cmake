@@ -48,10 +48,7 @@ add_executable(sysman src/main.cpp)
 target_link_libraries(sysman PRIVATE sysman_wx)
 if(WIN32)
     set_target_properties(sysman PROPERTIES WIN32_EXECUTABLE ON)
-    target_sources(sysman PRIVATE packaging/sysman.rc)
-    # The resource compiler does not tell what it reads.
-    set_source_files_properties(packaging/sysman.rc PROPERTIES OBJECT_DEPENDS
-                                ${CMAKE_BINARY_DIR}/generated/app/version.h)
+    target_sources(sysman PRIVATE packaging/windows/sysman.rc)
     target_link_options(sysman PRIVATE $<$<CONFIG:Release>:-s>)  # it is copied to workshop PCs
 endif()
 set_target_properties(sysman PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

@@ -5,6 +5,9 @@
 #include <functional>
 #include <iosfwd>
 #include <string>
+#include <vector>
+
+#include "report/page.h"
 
 namespace CLI {
 class App;
@@ -26,6 +29,10 @@ void AddArchive(CLI::App& app, Run& run, std::ostream& out, std::ostream& errors
 // The whole program: reads the command line, finds the installation as the System Manager does and
 // runs the command. Returns the exit status; never throws.
 int Main(int argc, const char* const* argv, std::ostream& out, std::ostream& errors);
+
+// Makes the page of the report, of these drives or of all, in a folder for such (see
+// platform::PageToShow) and shows it. Throws FileError where it can be neither written nor shown.
+void ShowPage(const char* name, const std::vector<std::string>& drives, report::First first);
 
 // What was given on the command line, in the system's character set. Throws errors::Error for what
 // the set lacks.

@@ -21,6 +21,7 @@ int Tell(std::ostream& out, const inspect::Findings& findings) {
 struct Options {
     std::vector<std::string> drives;
     std::string name;
+    bool open = false;
 };
 
 }  // namespace
@@ -39,8 +40,11 @@ void AddInspection(CLI::App& app, Run& run, std::ostream& out) {
     };
     add(app, "check", "Tells what is wrong or doubtful: path:line: error, warning or note: text",
         [options, &out] {
+            // First the page: on it a drive that does not answer does not hide the others.
+            if (options->open) ShowPage("check.html", options->drives, report::First::kFindings);
             return Tell(out, inspect::Check(inspect::DataDrives(options->drives)));
-        });
+        })
+        ->add_flag("--open", options->open, "Show it in the browser, too");
 
     CLI::App* uses = app.add_subcommand("uses", "Tells which material lists name something");
     uses->require_subcommand(1);

@@ -40,12 +40,16 @@ void RefuseData(const fs::path& file) {
     }
 }
 
-int Report(const Options& options, std::ostream& errors) {
-    const fs::path file(std::u8string(options.file.begin(), options.file.end()));
+void WritePage(const fs::path& file, const std::vector<std::string>& drives, report::First first) {
     RefuseData(file);
     const std::time_t now = std::time(nullptr);
     const std::tm* local = std::localtime(&now);
-    platform::ReplaceOperatorFile(file, report::Page(options.drives, local ? *local : std::tm{}));
+    platform::ReplaceOperatorFile(file, report::Page(drives, local ? *local : std::tm{}, first));
+}
+
+int Report(const Options& options, std::ostream& errors) {
+    const fs::path file(std::u8string(options.file.begin(), options.file.end()));
+    WritePage(file, options.drives, report::First::kData);
     if (!options.open) return kNothingFound;
     try {
         platform::ShowToOperator(file);
@@ -58,19 +62,32 @@ int Report(const Options& options, std::ostream& errors) {
 
 }  // namespace
 
+void ShowPage(const char* name, const std::vector<std::string>& drives, report::First first) {
+    const fs::path file = platform::PageToShow(name);
+    WritePage(file, drives, first);
+    platform::ShowToOperator(file);
+}
+
 void AddReport(CLI::App& app, Run& run, std::ostream& errors) {
     const auto options = std::make_shared<Options>();
     CLI::App* command = app.add_subcommand(
         "report", "Writes a page of all processes, materials and lists, to look at and to print");
-    command->add_option("FILE", options->file, "The file to write, as HTML")->required();
+    command->add_option("FILE", options->file,
+                        "The file to write, as HTML; may be left out with --open");
     command
         ->add_option("--drive", options->drives,
                      "Only this drive, by its letter; more than once for more drives")
         ->type_name("LETTER")
         ->allow_extra_args(false);
     command->add_flag("--open", options->open, "Show it in the browser then");
-    command->callback(
-        [&, options] { run = [options, &errors] { return Report(*options, errors); }; });
+    command->callback([&, options] {
+        if (options->file.empty() && !options->open) throw CLI::RequiredError("FILE or --open");
+        run = [options, &errors] {
+            if (!options->file.empty()) return Report(*options, errors);
+            ShowPage("report.html", options->drives, report::First::kData);
+            return kNothingFound;
+        };
+    });
 }
 
 }  // namespace commandline

@@ -125,6 +125,9 @@ void ReplaceWholeFile(const fs::path& path, std::string_view bytes, std::error_c
 
 bool StartBatchFile(const fs::path& path, std::error_code& error);
 
+// Where the platform has what can be made again, for this program and operator; need not be there.
+fs::path CacheFolder(std::error_code& error);
+
 // See operator_file.h; of an absolute path.
 void ShowToOperator(const fs::path& path, std::error_code& error);
 

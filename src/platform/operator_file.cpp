@@ -57,6 +57,14 @@ bool LiesIn(const fs::path& path, std::string_view directory) {
     return false;
 }
 
+fs::path PageToShow(std::string_view name) {
+    std::error_code error;
+    const fs::path folder = native::CacheFolder(error);
+    if (!error) fs::create_directories(folder, error);
+    Check(folder, error);
+    return folder / name;
+}
+
 void ShowToOperator(const fs::path& path) {
     std::error_code error;
     native::ShowToOperator(Absolute(path), error);

@@ -32,7 +32,7 @@ class Writer {
         made_ = text.data();
     }
 
-    string Write() {
+    string Write(First first) {
         PlaceAll(all_, found_);
         {
             const auto root = html_.In("html", {{"lang", "en"}});
@@ -41,11 +41,12 @@ class Writer {
             PutTitle();
             PutContents();
             const auto main = html_.In("main");
+            if (first == First::kFindings) PutFindings();
             PutProcesses();
             PutMaterialTypes();
             PutDefaultList();
             for (const DriveData& drive : all_.drives) PutDrive(drive);
-            PutFindings();
+            if (first == First::kData) PutFindings();
         }
         return html_.Bytes();
     }
@@ -236,9 +237,9 @@ class Writer {
 
 }  // namespace
 
-string Page(const std::vector<string>& drives, const std::tm& now) {
+string Page(const std::vector<string>& drives, const std::tm& now, First first) {
     Installation all = ReadInstallation(drives);
-    return Writer(all, now).Write();
+    return Writer(all, now).Write(first);
 }
 
 }  // namespace report

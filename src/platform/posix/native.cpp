@@ -11,15 +11,24 @@
 namespace platform::native {
 namespace {
 
-fs::path DrivesFolder() {
-    const char* data = std::getenv("XDG_DATA_HOME");
+// One of the user's folders: what the variable says, else its place in his home folder.
+fs::path UserFolder(const char* variable, const char* inHome) {
+    const char* folder = std::getenv(variable);
     // A relative value is to be ignored, as the XDG Base Directory rules say.
-    if (data != nullptr && data[0] == '/') return fs::path(data) / "quarvel" / "drives";
+    if (folder != nullptr && folder[0] == '/') return folder;
     const char* home = std::getenv("HOME");
-    return fs::path(home != nullptr ? home : "/") / ".local/share/quarvel/drives";
+    return fs::path(home != nullptr ? home : "/") / inHome;
+}
+
+fs::path DrivesFolder() {
+    return UserFolder("XDG_DATA_HOME", ".local/share") / "quarvel/drives";
 }
 
 }  // namespace
+
+fs::path CacheFolder(std::error_code&) {
+    return UserFolder("XDG_CACHE_HOME", ".cache") / "quarvel-sysman";
+}
 
 std::error_code LastError() {
     return {errno, std::generic_category()};

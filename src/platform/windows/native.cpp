@@ -26,6 +26,10 @@ std::wstring SearchPath() {
 
 }  // namespace
 
+fs::path CacheFolder(std::error_code& error) {
+    return fs::temp_directory_path(error) / L"quarvel-sysman";
+}
+
 std::error_code LastError() {
     return {static_cast<int>(GetLastError()), std::system_category()};
 }

@@ -1,0 +1,1 @@
+@"%~dp0quarvel-data.exe" report --open & if errorlevel 1 pause
