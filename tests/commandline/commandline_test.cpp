@@ -54,6 +54,9 @@ TEST_F(CommandLine, BacksUpVerifiesAndBringsBack) {
     const string inside = workshop.Path("c:\\tolvarin\\page.html").string();
     EXPECT_EQ(Run({"report", inside.c_str()}),
               "2\nquarvel-data: The page would lie in the data, in c:/tolvarin\n");
+    const string outside = (workshop.Folder() / "page.html").string();
+    for (int times = 0; times < 2; ++times) EXPECT_EQ(Run({"report", outside.c_str()}), "0\n");
+    EXPECT_GT(std::filesystem::file_size(outside), 10000u);
 }
 
 TEST_F(CommandLine, LooksOverTheInstallation) {

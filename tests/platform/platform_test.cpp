@@ -1,6 +1,5 @@
 // Directories and files on real temporary drives: what is found under which name, what fails in
-// which way, and what a save or a deletion leaves alone. The operator's session: the form of dates,
-// and whether a System Manager is running in it already.
+// which way, and what a save or a deletion leaves alone. The form of dates.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -11,7 +10,6 @@
 #include "platform/date_forms.h"
 #include "platform/files.h"
 #include "platform/native.h"
-#include "platform/single_instance.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_drives.h"
 
@@ -196,15 +194,6 @@ TEST(DateForms, FollowTheLanguage) {
         EXPECT_EQ(DateForms(language).GeneralDate(time), general);
         EXPECT_EQ(DateForms(language).ShortDate(time), general.substr(0, general.find(' ')));
     }
-}
-
-TEST(SingleInstance, IsSeenUntilItIsGone) {
-    const test::TempDrives drives;
-    auto first = std::make_unique<SingleInstance>();
-    const auto another = [] { return SingleInstance().AnotherIsRunning(); };
-    EXPECT_TRUE(!first->AnotherIsRunning() && another() && another());
-    first.reset();
-    EXPECT_FALSE(another());
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
-// What is drawn: where leads end, which way the torch runs, and where ticks and points stand.
+// Where leads end and ticks stand.
 #include <gtest/gtest.h>
 
 #include "report/axis.h"
-#include "report/contour_panel.h"
 #include "report/lead_geometry.h"
 
 namespace {
@@ -86,43 +85,6 @@ TEST(Axis, Ticks) {
     EXPECT_LE(wide.ticks.size(), 13U);
     EXPECT_NEAR(report::AxisFor(Values{1, 1e4}).PlaceOf(100), 0.5, 1e-9);
     EXPECT_EQ(report::AxisFor(Values{1, 1e4}).PlaceOf(0), 0);
-}
-
-process::ProcessRecord Record(std::string_view lead, int percent, int overrun) {
-    process::ProcessRecord record;
-    record.Leadin = record.Leadout = lead;
-    record.LeadoutPercent = static_cast<std::int16_t>(percent);
-    record.LeadoutOverrun = static_cast<std::int16_t>(overrun);
-    for (const float length : {0.0F, 2.0F, 4.0F, 8.0F, 12.0F}) {
-        record.Row(++record.ThicknessCount).DefaultLeadin = length;
-    }
-    return record;
-}
-
-TEST(Leads, LengthsOfAThicknessInTheMiddle) {
-    struct {
-        int percent, overrun;
-        double out, drawnOut, drawnOverrun;
-        bool toScale;
-    } const cases[] = {
-        {50, 3, 4, 4, 3, true},
-        {0, 0, 0, 0, 0, true},
-        {-5, -2, 0, 0, -2, true},
-        {1, 1, .08, 8.0 / 6, 1, false},
-        {32767, 32767, 2621.36, 16, 9.6, false},
-        {100, -32768, 8, 8, -9.6, false},
-    };
-    for (const auto& lead : cases) {
-        SCOPED_TRACE(lead.percent);
-        const auto record = Record("A180", lead.percent, lead.overrun);
-        const report::Leads leads(record);
-        EXPECT_EQ(leads.row, &record.Row(4));
-        EXPECT_EQ(leads.inLength, 8);
-        EXPECT_NEAR(leads.outLength, lead.out, 1e-6);
-        EXPECT_NEAR(leads.out.radius, lead.drawnOut, 1e-6);
-        EXPECT_NEAR(leads.drawnOverrun, lead.drawnOverrun, 1e-6);
-        EXPECT_EQ(leads.toScale, lead.toScale);
-    }
 }
 
 }  // namespace

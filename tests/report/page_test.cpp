@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -12,12 +11,7 @@
 
 #include "app/system_config.h"
 #include "errors/errors.h"
-#include "platform/drives.h"
-#include "platform/operator_file.h"
-#include "process/process_file.h"
-#include "profile/profile.h"
 #include "report/html.h"
-#include "report/process_section.h"
 #include "tests/support/script_text.h"
 #include "tests/support/source_files.h"
 #include "tests/support/workshop.h"
@@ -206,46 +200,6 @@ TEST(Report, WithstandsWhatIsInTheData) {
     EXPECT_GT(CountOf(page, "<path class=\"doubtful\""), 100U);
     Expect(page, {"&lt;script&gt;x&lt;/script&gt;</h2>", "Process 5", "&lt;i&gt;",
                   "a&amp;b &#39;x&#39;"});
-}
-
-// Of each line of process.dat.
-TEST(Report, WhatIsFoundIsPutWhereItsLineStands) {
-    const string bytes =
-        "; none\n[Processes]\nProcess1=A\nProcess2=b\n[Old]\nRapid=1\n[B]\nRapid=1\n"
-        "Thickness1=3\n; in b\n[A]\nThickness1=4\nthickness2=5\nThickness4=9\n[a]\nRapid=2\n";
-    const char* const ids[] = {"processes", "processes", "processes", "p1",   "p2", "processes",
-                               "processes", "p2",        "p2",        "p2r1", "p2", "p1",
-                               "p1r1",      "p1r2",      "p1",        "p1",   "p1"};
-    process::ProcessTable table;
-    ReadProcesses(profile::Profile(bytes), table);
-    inspect::Findings findings;
-    for (std::size_t line = 0; line < std::size(ids); ++line) {
-        findings.push_back({"C:\\P.dat", line, inspect::Severity::kNote, "x"});
-    }
-    report::Found found(findings);
-    report::PlaceProcesses("c:\\p.DAT", bytes, table, found);
-    for (std::size_t line = 0; line < std::size(ids); ++line) {
-        EXPECT_EQ(found.PlaceOf(line).id, ids[line]) << "line " << line;
-    }
-    EXPECT_EQ(found.PlaceOf(9).name, "b, 3 mm");
-    EXPECT_EQ(found.At("p2r1"), std::vector<std::size_t>{9});
-}
-
-TEST(Report, IsWrittenWholeOutsideTheData) {
-    namespace fs = std::filesystem;
-    const test::Workshop drives;
-    const fs::path page = drives.Folder() / "page.html";
-    platform::ReplaceOperatorFile(page, "old");
-    platform::ReplaceOperatorFile(page, "new");
-    EXPECT_EQ(fs::file_size(page), 3U);
-    EXPECT_THROW(platform::ReplaceOperatorFile(drives.Folder() / "no" / "page.html", ""),
-                 errors::FileError);
-    EXPECT_THROW(platform::ReplaceOperatorFile(drives.Folder() / "c", ""), errors::FileError);
-    const string root = "c:\\tolvarin";
-    EXPECT_FALSE(platform::LiesIn(page, root));
-    EXPECT_TRUE(platform::LiesIn(drives.Path("c:\\tolvarin\\system\\process.dat"), root));
-    EXPECT_TRUE(platform::LiesIn(drives.Path("c:\\tolvarin\\new\\page.html"), root));
-    EXPECT_FALSE(platform::LiesIn(page, "d:\\tolvarin"));
 }
 
 }  // namespace
