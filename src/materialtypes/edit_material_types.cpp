@@ -48,6 +48,7 @@ FrmEditMaterialTypes::FrmEditMaterialTypes()
     resizable = true;
     firstFocus = &grdMaterialTypes;
     closeButton = &cmdClose;
+    grdMaterialTypes.spokenName = "Material types";
 
     using namespace views;
     SetLayout(Column({

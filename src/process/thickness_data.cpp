@@ -61,6 +61,7 @@ FrmThicknessData::FrmThicknessData()
     resizable = true;
     firstFocus = &grdThicknessData;
     closeButton = &cmdThkClose;
+    grdThicknessData.spokenName = "Thicknesses";
 
     using namespace views;
     SetLayout(Column({
