@@ -38,6 +38,7 @@ SysMan::SysMan() : Form("SysMan", kTitle) {
     closeButton = &cmdClose;
     lstDirectory.widthHint = 32;
     lstDirectory.heightHint = 14;
+    lstDirectory.spokenName = "Directories";
 
     using namespace views;
     SetLayout(Column({

@@ -40,6 +40,11 @@ FrmEditMaterialList::FrmEditMaterialList()
 
 void FrmEditMaterialList::Arrange() {
     txtMinPlateThickness.widthHint = 8;
+    grdMaterialList.spokenName = "Material list";
+    cboEditDataType.spokenName = "Material";
+    cboEditDataProcess.spokenName = "Process";
+    txtSpinText.spokenName = "Thickness";
+    spinButton.spokenName = "Thickness steps";
     using namespace views;
     SetLayout(Column({
         Grow(grdMaterialList),

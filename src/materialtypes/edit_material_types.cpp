@@ -47,6 +47,7 @@ FrmEditMaterialTypes::FrmEditMaterialTypes()
                .edited = [] { Shared().MaterialTypesChanged = true; }}) {
     resizable = true;
     closeButton = &cmdClose;
+    grdMaterialTypes.spokenName = "Material types";
 
     using namespace views;
     SetLayout(Column({

@@ -60,6 +60,7 @@ FrmThicknessData::FrmThicknessData()
                .edited = [this] { changed_ = true; }}) {
     resizable = true;
     closeButton = &cmdThkClose;
+    grdThicknessData.spokenName = "Thicknesses";
 
     using namespace views;
     SetLayout(Column({

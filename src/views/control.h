@@ -112,6 +112,10 @@ class Control {
     // window with another one outside its layout does not open.
     bool neverShown = false;
 
+    // The name by which a screen reader tells it, where neither its caption nor the label before it
+    // does.
+    std::string spokenName;
+
     // Size hints for the layout, in characters and lines; 0 for the natural size.
     int widthHint = 0;
     int heightHint = 0;

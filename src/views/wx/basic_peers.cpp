@@ -11,6 +11,7 @@
 
 #include "views/basic_controls.h"
 #include "views/form.h"
+#include "views/wx/accessible.h"
 #include "views/wx/convert.h"
 #include "views/wx/peer.h"
 

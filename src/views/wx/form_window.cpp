@@ -59,6 +59,7 @@ FormWindow::FormWindow(Form& form, wxWindow* parent)
 
 FormWindow::~FormWindow() {
     form_.SetPeer(nullptr);
+    for (auto& [plain, peer] : peers_) peer->Leave();
     // Before the peers, which events still waiting for the controls refer to.
     delete window_;
 }

@@ -11,6 +11,7 @@
 #include "views/form.h"
 #include "views/grid.h"
 #include "views/keys.h"
+#include "views/wx/accessible.h"
 #include "views/wx/convert.h"
 #include "views/wx/peer.h"
 
@@ -130,7 +131,7 @@ class PlainTable : public wxGridTableBase {
     int rows_ = 0, columns_ = 0;
 };
 
-class GridPeer : public WindowPeer {
+class GridPeer : public WindowPeer, private ToldGrid {
   public:
     GridPeer(Grid& plain, wxWindow* parent)
         : WindowPeer(plain, new wxGrid(parent, wxID_ANY)),
@@ -143,7 +144,10 @@ class GridPeer : public WindowPeer {
         real_->DisableDragCell();
         real_->SetColLabelAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
         Bind();
+        teller_ = MakeGridTeller(real_->GetGridWindow(), *this);
     }
+    void Leave() override { teller_.reset(); }
+    void SetName(const wxString& name) override { teller_->SetName(name); }
     bool StretchesUpright() const override { return true; }
 
     void Show(Aspect changed) override {
@@ -160,12 +164,15 @@ class GridPeer : public WindowPeer {
         switch (changed) {
             case Aspect::kCells:
                 real_->Refresh();
+                teller_->TellTexts();
                 break;
             case Aspect::kShape:
                 ShowShape();
+                teller_->TellTexts();
                 break;
             case Aspect::kCurrentCell:
                 ShowCell();
+                teller_->TellCurrent();
                 break;
             case Aspect::kHighlight:
                 ShowBlock();
@@ -207,6 +214,7 @@ class GridPeer : public WindowPeer {
         InputWindow()->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
             event.Skip();
             ShowMarkedText(wxSYS_COLOUR_HIGHLIGHTTEXT);
+            real_->CallAfter([this] { teller_->TellCurrent(); });
         });
         InputWindow()->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
             event.Skip();
@@ -387,10 +395,56 @@ class GridPeer : public WindowPeer {
         ForwardScroll();
     }
 
+    // What screen readers are told: rows are those behind the headings, columns as in the grid.
+    int ToldRows() const override { return plain_.Rows() - plain_.FixedRows(); }
+    int ToldColumns() const override { return plain_.Columns(); }
+    int HeadingColumns() const override { return plain_.FixedColumns(); }
+    wxString ToldText(CellAt cell) const override {
+        if (cell.row < 0 && plain_.FixedRows() == 0) return {};
+        return ToWx(plain_.Text(cell.row < 0 ? 0 : PlainRow(cell), cell.column)).Trim().Trim(false);
+    }
+    std::optional<CellAt> ToldCurrent() const override {
+        const CellAt cell{plain_.Row() - plain_.FixedRows(), plain_.Column()};
+        if (cell.row < 0 || !Has(cell)) return {};
+        return cell;
+    }
+    bool IsMarked(CellAt cell) const override {
+        const auto& [firstRow, firstColumn, lastRow, lastColumn] = plain_.Selection();
+        const int row = PlainRow(cell);
+        return plain_.Highlight() && row >= firstRow && row <= lastRow &&
+               cell.column >= firstColumn && cell.column <= lastColumn;
+    }
+    wxRect PlaceOf(CellAt cell) const override {
+        const int column = cell.column - plain_.FixedColumns();
+        const bool heading = cell.row < 0, rowHeading = column < 0;
+        wxWindow* const part = heading && rowHeading ? real_->GetGridCornerLabelWindow()
+                               : heading             ? real_->GetGridColLabelWindow()
+                               : rowHeading          ? real_->GetGridRowLabelWindow()
+                                                     : real_->GetGridWindow();
+        const wxSize size = part->GetClientSize();
+        const wxRect all = real_->CellToRect(std::max(cell.row, 0), std::max(column, 0));
+        wxRect place(real_->CalcScrolledPosition(all.GetTopLeft()), all.GetSize());
+        if (heading) place.y = 0, place.height = size.y;
+        if (rowHeading) place.x = 0, place.width = size.x;
+        place.Intersect(wxRect(size));
+        if (place.IsEmpty() || !real_->IsShownOnScreen()) return {};
+        return wxRect(part->ClientToScreen(place.GetTopLeft()), place.GetSize());
+    }
+    bool MoveTo(CellAt cell) override {
+        if (cell.row < 0 || cell.column < plain_.FixedColumns()) return false;
+        Deliver([&] {
+            plain_.SetFocus();
+            if (plain_.HasFocus()) plain_.SetCell(PlainRow(cell), cell.column);
+        });
+        return plain_.HasFocus() && ToldCurrent() == cell;
+    }
+    int PlainRow(CellAt cell) const { return cell.row + plain_.FixedRows(); }
+
     Grid& plain_;
     wxGrid* real_;
     PlainTable* table_;
     int wantedTop_ = 0;
+    std::unique_ptr<GridTeller> teller_;
 };
 
 }  // namespace

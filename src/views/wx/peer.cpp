@@ -6,12 +6,12 @@
 
 #include "views/application.h"
 #include "views/form.h"
+#include "views/spoken_name.h"
+#include "views/wx/accessible.h"
+#include "views/wx/convert.h"
 #include "views/wx/keys.h"
 
-#ifdef __WXGTK__
-#include <gtk/gtk.h>
-#else
-#include <wx/access.h>
+#ifdef __WXMSW__
 #include <wx/msw/wrapwin.h>
 #endif
 
@@ -52,6 +52,8 @@ void WindowPeer::Start() {
     UpdateAll();
     Show(Aspect::kEnabled);
     Show(Aspect::kVisible);
+    const std::string name = SpokenName(control_);
+    if (!name.empty()) SetName(ToWx(name));
     InputWindow()->Bind(wxEVT_SET_FOCUS, &WindowPeer::ForwardFocus, this);
     InputWindow()->Bind(wxEVT_CHAR, &WindowPeer::ForwardCharacter, this);
 }
@@ -73,6 +75,10 @@ void WindowPeer::Show(Aspect changed) {
             waiting_.insert(changed);
             Owe();
     }
+}
+
+void WindowPeer::SetName(const wxString& name) {
+    SetSpokenName(window_, name);
 }
 
 void WindowPeer::Owe() {
@@ -155,29 +161,12 @@ int DigitsWidth(const wxWindow* window, int count) {
 
 #ifdef __WXGTK__
 
-void SetSpokenName(wxWindow* window, const wxString& name) {
-    atk_object_set_name(gtk_widget_get_accessible(window->GetHandle()), name.utf8_str());
-}
-
 // An open list is a window of its own here, and the keys go there.
 bool ListHangsOpen(const wxWindow*) {
     return false;
 }
 
 #else
-
-void SetSpokenName(wxWindow* window, const wxString& name) {
-    struct Named : wxWindowAccessible {
-        Named(wxWindow* of, const wxString& text) : wxWindowAccessible(of), name(text) {}
-        wxAccStatus GetName(int child, wxString* result) override {
-            if (child != wxACC_SELF) return wxWindowAccessible::GetName(child, result);
-            *result = name;
-            return wxACC_OK;
-        }
-        wxString name;
-    };
-    window->SetAccessible(new Named(window, name));
-}
 
 bool ListHangsOpen(const wxWindow* window) {
     return ::SendMessage(static_cast<HWND>(window->GetHandle()), CB_GETDROPPEDSTATE, 0, 0) != 0;

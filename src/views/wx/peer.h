@@ -49,6 +49,12 @@ class WindowPeer : public Peer {
     // not report.
     virtual void Look() {}
 
+    // The window is about to go, and its controls with it.
+    virtual void Leave() {}
+
+    // The name by which screen readers tell the control.
+    virtual void SetName(const wxString& name);
+
     // Whether all keys are for the real control, as while its list hangs open.
     virtual bool HasKeys() const { return false; }
 
@@ -108,9 +114,6 @@ std::unique_ptr<WindowPeer> MakeGridPeer(Control& control, wxWindow* parent);
 
 // The width in pixels of so many digits in the font of a window.
 int DigitsWidth(const wxWindow* window, int count);
-
-// The name by which a screen reader tells a control that has no text of its own.
-void SetSpokenName(wxWindow* window, const wxString& name);
 
 // Whether the list of a drop-down control hangs open and takes the keys.
 bool ListHangsOpen(const wxWindow* window);
