@@ -44,24 +44,6 @@ class Files : public ::testing::Test {
     test::TempDrives drives;
 };
 
-TEST_F(Files, AreListedSortedWithoutRegardToCase) {
-    for (const char* name : {"beta.txt", "Alpha.TXT", "_x", "gamma", "Sub\\x"}) {
-        drives.Write(std::string("c:\\data\\") + name, "");
-    }
-    EXPECT_EQ(Dir("c:\\DATA\\*.*", DirKinds::kFiles),
-              (Names{"Alpha.TXT", "beta.txt", "gamma", "_x"}));
-    const std::pair<const char*, Names> all[] = {
-        {"c:\\data\\*.*", {".", "..", "Alpha.TXT", "beta.txt", "gamma", "Sub", "_x"}},
-        {"c:\\data\\A*?A.t*", {"Alpha.TXT"}},
-        {"c:\\missing\\*.*", {}},
-        {"c:\\data\\gamma\\*.*", {}},
-        {"c:\\*.*", {"data"}},
-        {"c:*.*", {"data"}}};
-    for (const auto& [pattern, names] : all) {
-        EXPECT_EQ(Dir(pattern, DirKinds::kFilesAndDirectories), names) << pattern;
-    }
-}
-
 TEST_F(Files, FailInTheirKinds) {
     for (const char* name : {"a.txt", "job\\.hidden", "job\\kept.txt", "sub\\inner.txt"}) {
         drives.Write(std::string("c:\\") + name, "old");

@@ -43,14 +43,6 @@ TEST(Lead, Ends) {
         ExpectAt(out.end, 3 - lead.x, lead.y);
         ExpectAt(out.extended, 3 - lead.extendedX, lead.extendedY);
     }
-    for (const auto& [code, type] : {std::pair{"Line", LeadType::kLine},
-                                     {"Arc ", LeadType::kQuarter},
-                                     {"A180", LeadType::kHalf},
-                                     {"    ", LeadType::kNone},
-                                     {"line", LeadType::kNone}}) {
-        EXPECT_EQ(report::TypeOfLead(text::FixedText<4>(code)), type) << code;
-    }
-    EXPECT_EQ(report::TypeOfLead(text::FixedText<4>({"Arc\0", 4})), LeadType::kQuarter);
 }
 
 TEST(Axis, Ticks) {

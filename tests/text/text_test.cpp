@@ -65,22 +65,6 @@ TEST(Numbers, AreWrittenInTheGeneralFormShownWithAZeroAndPlain) {
     EXPECT_FALSE(text::ToInteger16(32767.5) || text::ToInteger16(-32769));
 }
 
-TEST(Texts, FieldsArePaddedAndCutAndTheirCleanValueIsTaken) {
-    text::FixedText<4> field("Arc\0x123"s);
-    EXPECT_EQ(field.View(), "Arc\0"s);
-    field = field.View().substr(1);  // a part of itself
-    EXPECT_EQ(field.View(), "rc\0 "s);
-    // The value ends before what does not print; the caller's text is trimmed of blanks.
-    const std::pair<string, string> cases[] = {{"  12.5 ", "12.5"},  {"Pl 1\0left"s, "Pl 1"},
-                                               {" \tx", ""},         {"\xD6l~\x7Fx ", "\xD6l~"},
-                                               {"\xA0\x9F", "\xA0"}, {"   ", ""}};
-    for (const auto& [text, clean] : cases) {
-        string value = text;
-        EXPECT_EQ(text::CleanText(value), clean);
-        EXPECT_EQ(value, text::Trim(text));
-    }
-}
-
 TEST(Texts, CharactersConvertOrAreRefusedAndHaveTwoCases) {
     string all;
     for (int code = 1; code < 256; ++code) all += static_cast<char>(code);

@@ -1,4 +1,4 @@
-// The rules between focus, keys, clicks and changes that no window of the system shows by itself.
+// What lists and grids do with keys and changes and no window of the system shows by itself.
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -16,37 +16,28 @@ namespace {
 using namespace views;
 using std::string;
 
-// A dialog that notes in order where the focus leaves (-txt) and comes (txt), what is clicked or
-// chosen (ok!) and what a text becomes (=a).
+// A dialog that notes in order where the focus leaves (-lst) and comes (lst), what is chosen (a!),
+// what a text becomes (=a), and where the cell is (21).
 class Controls : public ::testing::Test, public Form {
   protected:
     Controls() : Form("frmDialog", "Dialog") {
-        closeButton = &cancel;
-        SetLayout(Column({chk, Row({name, txt}), A, B, C, lst, list, edit, drv, grid, ok, cancel}));
+        SetLayout(Column({lst, list, edit, drv, grid}));
         for (Control* control : Form::Controls()) {
             control->onGotFocus = [this, control] { log += " " + control->Name(); };
             control->onLostFocus = [this, control] { log += " -" + control->Name(); };
         }
-        for (OptionButton* option : {&A, &B, &C}) {
-            option->onClick = [this, option] { log += " " + option->Name() + "!"; };
-        }
         for (ListBox* box : std::initializer_list<ListBox*>{&lst, &list, &edit}) {
             box->onClick = [this, box] { log += " " + box->SelectedText() + "!"; };
         }
-        for (TextPart* part : std::initializer_list<TextPart*>{&txt, &list, &edit}) {
+        for (TextPart* part : std::initializer_list<TextPart*>{&list, &edit}) {
             part->onChange = [this, part] { log += " =" + part->Text(); };
         }
-        txt.onKeyPress = [](CharEvent& event) { event.handled = event.character == 'x'; };
-        chk.onClick = [this] { log += " chk!"; };
-        ok.onClick = [this] { log += " ok!"; };
-        cancel.onClick = [this] { Close(); };
         drv.onChange = [this] { log += " " + drv.Drive(); };
         grid.onCurrentCellChange = [this] {
             log += " " + std::to_string(grid.Row()) + std::to_string(grid.Column());
         };
         Open();
     }
-    void Unload() override { log += " unload"; }
     void Keys(const std::vector<int>& keys, int shift = 0) {
         for (int key : keys) {
             if (!KeyDown(key, shift) && shift == 0) KeyPress(static_cast<char>(key));
@@ -55,66 +46,22 @@ class Controls : public ::testing::Test, public Form {
     static void Fill(ListBox& box, std::string_view items) {
         for (char item : items) box.AddItem({&item, 1});
     }
-    using Cases = std::vector<std::pair<std::function<void()>, string>>;
-    static void Expect(string& log, const Cases& cases) {
-        for (const auto& [deeds, expected] : cases) {
-            deeds();
-            EXPECT_EQ(std::exchange(log, {}), expected);
-        }
-    }
 
     const test::TempDrives drives;
-    CheckBox chk{*this, "chk", "&On"};
-    Label name{*this, "name", "&Name:"};
-    TextBox txt{*this, "txt"};
-    OptionGroup group;
-    OptionButton A{*this, "A", "&Arc", group}, B{*this, "B", "B && &C", group};
-    OptionButton C{*this, "C", "C", group};
     ListBox lst{*this, "lst", ListBox::Order::kSorted};
     ComboBox list{*this, "list", ComboBox::Style::kListOnly};
     ComboBox edit{*this, "edit", ComboBox::Style::kEditField};
     DriveList drv{*this, "drv"};
     Grid grid{*this, "grid", 6000, 3000};
-    CommandButton ok{*this, "ok", "O&k"}, cancel{*this, "cancel", "&Cancel"};
     string log;
 };
-
-TEST_F(Controls, RunTheirHandlersInOrder) {
-    const Cases cases = {
-        {[&] { Activate(), Activate(); }, " chk"},
-        {[&] { Keys({kKeyF6, kKeyF6, kKeyF6}); }, " -chk txt -txt A -A chk"},
-        {[&] { Keys({kKeyF6, kKeyF6}, kShift); }, " -chk A -A txt"},
-        {[&] { Keys({'a', 'x', 'b', kKeyBackspace, kKeyEnter}); }, " =a =ab =a"},
-        {[&] { Keys({'A'}, kCtrl), Keys({'q', kKeyBackspace, kKeyBackspace}); }, " =q ="},
-        {[&] { txt.Edited("past\r\n[Section]", 15), Keys({'e'}); }, " =past =paste"},
-        {[&] { txt.Select(1, 3), Keys({'z'}), txt.CutTo(3), txt.CutTo(2); }, " =pze =pz"},
-        {[&] { Keys({'s'}), txt.Select(1, 9), Keys({'r'}); }, " =pzs =pr"},
-        {[&] { txt.SetText({"abc\0d", 5}), txt.SetText("abc"); }, " =abc"},
-        {[&] { Keys({'&', 'B', 'N'}, kAlt), ok.SetFocus(); }, " -txt ok"},
-        {[&] { Keys({kKeyRight, kKeyLeft, kKeyEnter}); }, " -ok cancel -cancel ok ok!"},
-        {[&] { defaultButton = &ok, txt.SetFocus(), Keys({13}); }, " -ok txt -txt ok ok!"},
-        {[&] { ok.SetEnabled(false), ok.Press(), Keys({'K'}, kAlt); }, " -ok cancel"},
-        {[&] { cancel.SetVisible(false), ok.SetEnabled(true); }, " -cancel chk"},
-        // Setting it from code runs the handler of an option, picking only if it was not set.
-        {[&] { B.SetValue(true), B.SetValue(true), B.SetValue(false); }, " B! B!"},
-        {[&] { txt.SetFocus(), Keys({kKeyTab}); }, " -chk txt -txt A"},  // the first of none set
-        {[&] { Keys({kKeyRight, kKeyDown, kKeyDown}); }, " -A B B! -B C C! -C A A!"},
-        {[&] { B.SetEnabled(false), Keys({kKeyLeft}), Keys({kKeyUp}, kAlt); }, " -A C C!"},
-        {[&] { Keys({kKeyUp}), A.Pick(), Keys({kKeyTab}); }, " -C A A! -A lst"},
-        {[&] { Keys({kKeyTab}, kShift), Keys({kKeyTab}, kCtrl); }, " -lst A"},
-        {[&] { chk.SetValue(true), chk.Toggle(), Keys({kKeyDown}); }, " -A chk chk! -chk txt"},
-        // A letter used twice goes round.
-        {[&] { B.SetEnabled(true), cancel.SetVisible(true), Keys({'C'}, kAlt); }, " -txt B B!"},
-        {[&] { Keys({'C'}, kAlt), Keys({'a'}); }, " -B cancel unload"}};
-    Expect(log, cases);
-}
 
 TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
     EXPECT_EQ(grid.Rows() * 100 + grid.Columns() * 10 + grid.FixedColumns(), 221);
     lst.AddItem("G"), lst.SetListIndex(0), Fill(lst, "mbdCaefhijkl"), lst.SetFocus();
     Fill(list, "ABC"), list.SetListIndex(0), Fill(edit, "ABC"), edit.SetListIndex(2);
     grid.SetShape(9, 3, 1, 1), grid.Scrolled(1, 4), grid.SetText(8, 2, "x");
-    const Cases cases = {
+    const std::pair<std::function<void()>, string> cases[] = {
         {[&] {}, " G! lst A! C!"},
         {[&] { Keys({kKeyUp, kKeyDown, kKeyPageUp, kKeyPageDown}); }, " f! G! a! k!"},
         {[&] { Keys({kKeyEnd, kKeyHome, kKeyPageUp, kKeyLeft, kKeyRight}); }, " m! a! b!"},
@@ -136,7 +83,10 @@ TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
         {[&] { log = grid.Text(1, 1) + grid.Text(9, 2), grid.RemoveRow(9); }, "newx"},
         {[&] { Keys({kKeyRight}), grid.RemoveRow(1), grid.Scrolled(1, 0); }, " 81"},
         {[&] { Keys({kKeyPageUp}); }, " 61"}};
-    Expect(log, cases);
+    for (const auto& [deeds, expected] : cases) {
+        deeds();
+        EXPECT_EQ(std::exchange(log, {}), expected);
+    }
     EXPECT_THROW(grid.Text(8, 0), std::out_of_range);
     EXPECT_THROW(grid.SetText(0, 3, ""), std::out_of_range);
     std::filesystem::remove(drives.Folder() / "d");

@@ -218,35 +218,6 @@ TEST(MainWindow, WritesTheBatchFileOfABackup) {
     )#");
 }
 
-// Names that Windows does not have, or not side by side.
-TEST(MainWindow, KeepsApartWhatDiffersInCaseOnly) {
-    const test::Workshop workshop;
-    const auto folder = workshop.Path("c:\\tolvarin\\USER\\PROD");
-    std::filesystem::create_directory(folder / "a\\b");
-    std::filesystem::create_directory_symlink("P10", folder / "link");
-    test::Play(workshop, R"#(
-    write c:\tolvarin\USER\PROD\job\COMP\lower 'x', write c:\tolvarin\USER\PROD\JOB\COMP\UPPER '',
-    write c:\tolvarin\USER\PROD\ JOB\x '', click optProduction -> optProduction on; lstDirectory
-        -> {job; job; job; link; p10}; focus optProduction
-    choose lstDirectory job, click cmdPrint, click chkGroups, click chkNest, click chkTape ->
-        -> "Print Directory Data"; frmPrint; optAllDir on; chkComp on; chkGroups off; chkNest off;
-        -> chkTape off; focus chkTape
-    click cmdOK -> paper: Quarvel for Windows by Halcor.<11>Date <today> // Production Data // job
-        -> directory // Components // <No files> //; paper: Quarvel for Windows by Halcor.<11>Date
-        -> <today> // Production Data // job directory // Components // UPPER<50>0   <today> //;
-        -> paper: Quarvel for Windows by Halcor.<11>Date <today> // Production Data // job
-        -> directory // Components // lower<50>1   <today> //; paper: Quarvel for Windows by
-        -> Halcor.<11>Date <today> // Production Data // link directory // Components // <No files>
-        -> //; paper: Quarvel for Windows by Halcor.<11>Date <today> // Production Data // p10
-        -> directory // Components // <No files> //
-    yes, yes, click cmdDelete -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint);
-        -> focus cmdBackup; box Yes/No question "Are you sure you want to delete the job
-        -> directory?"; box Yes/No question "Are you REALLY sure you want to delete the job
-        -> directory?\n(This is pretty serious!)"
-    choose lstDirectory link, yes, yes, click cmdDelete -> box again ..link..; box again ..link..
-    )#");
-}
-
 #else
 
 // The command interpreter of the system runs the batch file and finds this `backup` in the path.

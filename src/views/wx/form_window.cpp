@@ -1,9 +1,11 @@
 #include "views/wx/form_window.h"
 
 #include <wx/dialog.h>
+#include <wx/display.h>
 #include <wx/frame.h>
 #include <wx/icon.h>
 #include <wx/panel.h>
+#include <wx/scrolwin.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
@@ -84,6 +86,9 @@ void FormWindow::Build() {
 #endif
     parent->SetSizer(margin);
     for (auto& [plain, peer] : peers_) peer->Start();
+    FitHeight();
+    const wxSize needed = window_->GetSizer()->CalcMin(), room = Room();
+    if (needed.x > room.x || needed.y > room.y) LetScroll(parent);
     // By the size inside the frame: that of its border is known only when it is shown.
     window_->GetSizer()->SetSizeHints(window_);
     ShowWholeTitle(*window_);
@@ -177,6 +182,48 @@ wxWindow* FormWindow::WindowOf(const Control& control) const {
     return peer == nullptr ? nullptr : peer->Window();
 }
 
+// What the screen has for the contents of a window, without a frame as window managers draw them.
+wxSize FormWindow::Room() const {
+    const wxSize frame = window_->FromDIP(wxSize(12, 40));
+    return wxDisplay(0u).GetClientArea().GetSize() - frame;
+}
+
+// On a low screen, or with large texts, lists and grids give up lines before anything is cut off.
+void FormWindow::FitHeight() {
+    for (auto& [plain, peer] : peers_) {
+        const int excess = window_->GetSizer()->CalcMin().y - Room().y;
+        const wxSize size = peer->Window()->GetMinSize();
+        if (excess <= 0) return;
+        if (peer->LeastHeight() == 0 || peer->LeastHeight() >= size.y) continue;
+        peer->Window()->SetMinSize(wxSize(size.x, std::max(size.y - excess, peer->LeastHeight())));
+    }
+}
+
+// The contents of a window that no screen holds move in it; what gets the focus comes into view.
+void FormWindow::LetScroll(wxWindow* page) {
+    wxSizer* const contents = page->GetSizer();
+    const wxSize needed = contents->CalcMin(), room = Room();
+    auto* scrolled = new wxScrolledWindow(page, wxID_ANY);
+    const wxWindowList parts = page->GetChildren();
+    page->SetSizer(nullptr, false);
+    for (wxWindow* part : parts) {
+        if (part != scrolled) part->Reparent(scrolled);
+    }
+    scrolled->SetSizer(contents);
+    const int step = window_->GetCharHeight();
+    scrolled->SetScrollRate(step, step);
+    scrolled->DisableKeyboardScrolling();  // the keys are the controls' own
+    const int bar = wxSystemSettings::GetMetric(wxSYS_VSCROLL_X);
+    wxSize shown = needed;
+    if (needed.x > room.x) shown.IncBy(0, bar);
+    if (needed.y > room.y) shown.IncBy(bar, 0);
+    shown.DecTo(room);
+    scrolled->SetMinSize(shown);
+    auto* whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(scrolled, 1, wxEXPAND);
+    page->SetSizer(whole);
+}
+
 void FormWindow::Run() {
     window_->Move(form_.left, form_.top);
     window_->Bind(wxEVT_MOVE, &FormWindow::Place, this);
@@ -196,11 +243,16 @@ void FormWindow::Run() {
     window_->Hide();
 }
 
-// Some window managers put a new window where they like, but do move it when it is there.
+// Some window managers put a new window where they like, but do move it when it is there. Only then
+// is the size of their frame known, with which it may reach over the edge.
 void FormWindow::Place(wxMoveEvent& event) {
     event.Skip();
     if (std::exchange(placed_, true)) return;
-    window_->CallAfter([this] { window_->Move(form_.left, form_.top); });
+    window_->CallAfter([this] {
+        const wxSize beside = wxGetDisplaySize() - window_->GetSize();
+        window_->Move(std::max(std::min(form_.left, beside.x), 0),
+                      std::max(std::min(form_.top, beside.y), 0));
+    });
 }
 
 void FormWindow::ComeBack() {

@@ -47,6 +47,9 @@ class FormWindow : public FormPeer {
     WindowPeer& Make(Control& control, wxWindow* parent);
     WindowPeer* PeerOf(const Control* control) const;
     void ForwardKey(wxKeyEvent& event);
+    wxSize Room() const;
+    void FitHeight();
+    void LetScroll(wxWindow* page);
     void Place(wxMoveEvent& event);
 
     Form& form_;

@@ -149,6 +149,9 @@ class GridPeer : public WindowPeer, private ToldGrid {
     void Leave() override { teller_.reset(); }
     void SetName(const wxString& name) override { teller_->SetName(name); }
     bool StretchesUpright() const override { return true; }
+    int LeastHeight() const override {
+        return real_->GetColLabelSize() + 4 * real_->GetDefaultRowSize() + ScrollBar();
+    }
 
     void Show(Aspect changed) override {
         // Showing the current cell scrolls as well; what the window wants comes afterwards.
@@ -317,12 +320,16 @@ class GridPeer : public WindowPeer, private ToldGrid {
         return width;
     }
 
-    int WidthOf(int column) const {
+    int LeastWidthOf(int column) const {
         int text = 0;
         for (int row = 0; row < plain_.Rows(); ++row) {
             text = std::max(text, WidthOf(row, column));
         }
-        return std::max(Pixels(real_, plain_.ColumnWidth(column)), text + Padding(real_));
+        return text + Padding(real_);
+    }
+
+    int WidthOf(int column) const {
+        return std::max(Pixels(real_, plain_.ColumnWidth(column)), LeastWidthOf(column));
     }
 
     std::vector<int> Widths() const {
@@ -338,7 +345,7 @@ class GridPeer : public WindowPeer, private ToldGrid {
         const auto widths = Widths();
         const int needed = std::accumulate(widths.begin(), widths.end(), ScrollBar());
         const int most = wxSystemSettings::GetMetric(wxSYS_SCREEN_X) * 9 / 10;
-        real_->SetMinSize(wxSize(std::max(Pixels(real_, plain_.Width()), std::min(needed, most)),
+        real_->SetMinSize(wxSize(std::min(std::max(Pixels(real_, plain_.Width()), needed), most),
                                  Pixels(real_, plain_.Height())));
     }
 
@@ -349,8 +356,18 @@ class GridPeer : public WindowPeer, private ToldGrid {
         return inside.x - (rows > inside.y - real_->GetColLabelSize() ? ScrollBar() : 0);
     }
 
+    // By so many pixels in all, as far as the texts allow.
+    void Narrow(std::vector<int>& widths, int pixels) const {
+        for (std::size_t column = widths.size(); column-- > 0;) {
+            const int least = LeastWidthOf(static_cast<int>(column));
+            const int less = std::clamp(pixels, 0, std::max(widths[column] - least, 0));
+            widths[column] -= less;
+            pixels -= less;
+        }
+    }
+
     // Columns are as wide as the window asks, wider where a text needs it, and share what room is
-    // left when the window is enlarged.
+    // left when the window is enlarged. Where there is too little they give some up.
     void FitColumns() {
         const int fixed = plain_.FixedColumns();
         auto widths = Widths();
@@ -358,6 +375,8 @@ class GridPeer : public WindowPeer, private ToldGrid {
         const int room = Room();
         if (total > 0 && room > total) {
             for (int& width : widths) width = width * room / total;
+        } else if (room > 0 && room < total) {
+            Narrow(widths, total - room);
         }
         real_->SetRowLabelSize(fixed > 0 ? widths[0] : 0);
         for (int column = fixed; column < plain_.Columns(); ++column) {

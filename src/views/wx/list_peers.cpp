@@ -23,8 +23,7 @@ class ListBoxPeer : public WindowPeer {
         : WindowPeer(plain, real), plain_(plain), real_(real) {
         const int lines = plain.heightHint > 0 ? plain.heightHint : 6;
         const int columns = plain.widthHint > 0 ? plain.widthHint : 20;
-        real_->SetMinSize(wxSize(DigitsWidth(real_, columns),
-                                 lines * (real_->GetCharHeight() + real_->FromDIP(4))));
+        real_->SetMinSize(wxSize(DigitsWidth(real_, columns), HeightOf(lines)));
         // First of all it gets the focus, so that nothing but the entry under the mouse is chosen.
         real_->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
             event.Skip();
@@ -38,6 +37,7 @@ class ListBoxPeer : public WindowPeer {
         });
     }
     bool StretchesUpright() const override { return true; }
+    int LeastHeight() const override { return HeightOf(4); }
 
     void Show(Aspect changed) override {
         if (changed != Aspect::kFocus) return WindowPeer::Show(changed);
@@ -59,6 +59,8 @@ class ListBoxPeer : public WindowPeer {
     void UpdateAll() override { Update(Aspect::kItems); }
 
   private:
+    int HeightOf(int lines) const { return lines * (real_->GetCharHeight() + real_->FromDIP(4)); }
+
     void ShowIndex() {
         if (real_->GetSelection() == plain_.ListIndex()) return;
         real_->SetSelection(plain_.ListIndex());
@@ -76,9 +78,7 @@ template <class Plain>
 class ChoicePeer : public WindowPeer {
   public:
     ChoicePeer(Plain& plain, wxChoice* real) : WindowPeer(plain, real), plain_(plain), real_(real) {
-        if (plain.widthHint > 0) {
-            real->SetMinSize(real->GetSizeFromTextSize(DigitsWidth(real, plain.widthHint + 1)));
-        }
+        FitField(real, plain.widthHint);
 #ifdef __WXGTK__
         // The mouse gives the focus to a part of it that the toolkit knows nothing of.
         g_signal_connect(

@@ -8,6 +8,7 @@
 
 #include <wx/window.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <set>
@@ -57,6 +58,10 @@ class WindowPeer : public Peer {
 
     // Whether all keys are for the real control, as while its list hangs open.
     virtual bool HasKeys() const { return false; }
+
+    // The height in pixels with which it still serves where the screen is low; 0 where it needs all
+    // that it asked for.
+    virtual int LeastHeight() const { return 0; }
 
     // Whether the room of a row or of a column does the control good.
     virtual bool StretchesUpright() const { return false; }
@@ -114,6 +119,16 @@ std::unique_ptr<WindowPeer> MakeGridPeer(Control& control, wxWindow* parent);
 
 // The width in pixels of so many digits in the font of a window.
 int DigitsWidth(const wxWindow* window, int count);
+
+// Makes a field as wide as so many digits, where that is not 0, and high enough for its text: what
+// the toolkit asks for it is too low where the system's texts are large.
+template <class Field>
+void FitField(Field* field, int digits) {
+    const int height = field->GetCharHeight() + field->FromDIP(10);
+    wxSize size(wxDefaultCoord, std::max(field->GetBestSize().y, height));
+    if (digits > 0) size.x = field->GetSizeFromTextSize(DigitsWidth(field, digits + 1)).x;
+    field->SetMinSize(size);
+}
 
 // Whether the list of a drop-down control hangs open and takes the keys.
 bool ListHangsOpen(const wxWindow* window);

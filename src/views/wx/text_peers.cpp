@@ -123,10 +123,7 @@ class TextPeer : public WindowPeer {
 class TextBoxPeer : public TextPeer {
   public:
     TextBoxPeer(TextBox& plain, wxTextCtrl* real) : TextPeer(plain, plain, real, *real) {
-        if (plain.widthHint > 0) {
-            const int width = DigitsWidth(real, plain.widthHint + 1);
-            real->SetMinSize(real->GetSizeFromTextSize(width));
-        }
+        FitField(real, plain.widthHint);
     }
 };
 
@@ -134,9 +131,7 @@ class ComboPeer : public TextPeer {
   public:
     ComboPeer(ComboBox& plain, wxComboBox* real)
         : TextPeer(plain, plain, real, *real), plain_(plain), real_(real) {
-        if (plain.widthHint > 0) {
-            real->SetMinSize(real->GetSizeFromTextSize(DigitsWidth(real, plain.widthHint + 1)));
-        }
+        FitField(real, plain.widthHint);
 #ifdef __WXGTK__
         // Its arrow takes the focus when it is pressed, and the toolkit tells nothing of that.
         g_signal_connect(real->GetHandle(), "notify::popup-shown",
