@@ -310,7 +310,10 @@ TEST_F(Archive, EveryChangedBitIsFound) {
     EXPECT_EQ(DoRestore("1", true), Outcome::kNotDone);
     EXPECT_EQ(said, "This backup was interrupted: it cannot be brought back as a whole");
     EXPECT_EQ(DoVerify("1"), Outcome::kSomething);
-    EXPECT_EQ(Told(), "<time> my job: was interrupted\n");
+    TellStored('d', telling);
+    EXPECT_EQ(Told(),
+              "<time> my job: was interrupted\n"
+              "  1  <time>  my job  2 files, 3001 bytes  interrupted\n");
     fs::rename(part, stored);
     fs::rename(stored / "COMP", stored / "OTHER");
     EXPECT_EQ(DoVerify(), Outcome::kSomething);

@@ -34,15 +34,15 @@ class CommandLine : public ::testing::Test {
 
 TEST_F(CommandLine, BacksUpVerifiesAndBringsBack) {
     const std::pair<std::vector<const char*>, const char*> commands[] = {
-        {{"backup", "c:\\tolvarin\\USER\\PROD\\P10\\*.*", "d:", "/s"},
-         "0\n1 file, 194 bytes in /d/QVBACKUP/<time> P10\n"},
+        {{"backup", "c:\\tolvarin\\USER\\PROD\\p10\\*.*", "d:", "/s"},
+         "0\n1 file, 194 bytes in /d/QVBACKUP/<time> p10\n"},
         {{"backup", "c:\\tolvarin\\USER\\DESIGN", "\xCE\xA9", "d:"},
          "2\nquarvel-data: What was given has a character that the data cannot hold\n"},
         {{"backup", "/s"}, "2\nquarvel-data: What is to be backed up, and to which drive?\n"},
-        {{"restore", "d:"}, "0\n  1  <time>  P10  1 file, 194 bytes  whole\n"},
+        {{"restore", "d:"}, "0\n  1  <time>  p10  1 file, 194 bytes  whole\n"},
         {{"restore", "D", "1"}, "0\nc:/tolvarin/USER/PROD/P10 is as it was backed up\n"},
         {{"restore", "d:\\", "P10"}, "2\nquarvel-data: There is no backup P10 on the drive\n"},
-        {{"verify", "d"}, "0\n<time> P10: 1 file, 194 bytes: all right\n"},
+        {{"verify", "d"}, "0\n<time> p10: 1 file, 194 bytes: all right\n"},
         {{"verify", "c:", "P10"}, "2\nquarvel-data: There is no backup P10 on the drive\n"},
         {{"verify", "d:\\x"},
          "2\nDESTINATION: d:/x is no drive\nRun with --help for more information.\n"},

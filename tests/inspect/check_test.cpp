@@ -55,7 +55,7 @@ void Look(const string& cases, const Check& check) {
 
 TEST(Check, Processes) {
     Look(R"(
-    [Processes]|Process1=P|[P]|Rapid=7,85|LineMarkRate=7.85|AddKerf=on|LeadoutOverrun=2.5 ->
+    [Processes]|Process1=P|[P]|Rapid=7,85|LineMarkRate=7,x|AddKerf=on|LeadoutOverrun=2.5 ->
         -> 4 warning Rapid=7,85 reads as 7: decimals stand behind a point; 6 warning AddKerf=on
         -> reads as 0: it does not begin with a number; 7 note LeadoutOverrun=2.5 reads as 2
     [Processes]|Process1=P|[P]|Rapid=1e39|LeadoutPercent=32768|LeadoutOverrun=-32768 ->
