@@ -148,12 +148,6 @@ TEST_F(Files, OfAFirstStartAreOnADriveOfTheOperatorsOwn) {
 
 #endif
 
-TEST(DateForms, BlanksOfAnyWidthBecomePlainAndMarksGo) {
-    EXPECT_EQ(SystemDateText(L"\u200E7/3/2026\u200F 2:05\u202FPM"), "7/3/2026 2:05 PM");
-    EXPECT_EQ(SystemDateText(L"7\u00A0mars\u2009\u00FC"), "7 mars \xFC");
-    EXPECT_EQ(SystemDateText(L"2026\u5E743\u6708"), "");  // not in the system's set
-}
-
 // In the plain form and a language that the machine need not be set up for.
 TEST(DateForms, FollowTheLanguage) {
     const test::TempDrives drives;
