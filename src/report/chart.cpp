@@ -39,6 +39,7 @@ class Drawing {
   private:
     Axis AxisOf(float ChartPoint::* value) const {
         std::vector<double> values;
+        values.reserve(chart_.points.size());
         for (const ChartPoint& point : chart_.points) values.push_back(double{point.*value});
         return AxisFor(values);
     }

@@ -88,6 +88,7 @@ void Press(unsigned key, int held) {
 }
 
 void TypeCharacter(char32_t character, int held) {
+    AwaitKeyboard();
     const Stroke stroke = StrokeOf(character);
     Press(stroke.key, held != 0 ? held : stroke.held);
 }

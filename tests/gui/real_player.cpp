@@ -247,7 +247,18 @@ void ClickAt(const std::function<wxPoint()>& where, bool twice,
     Settle();
 }
 
+void AwaitKeyboard() {
+#ifdef _WIN32
+    Until([] { return ::GetForegroundWindow() == Top()->GetHWND(); }, 3000);
+#else
+    // A list that hangs open has it for itself.
+    const auto has = [] { return gtk_window_is_active(GTK_WINDOW(Top()->GetHandle())); };
+    Until([&] { return gtk_grab_get_current() != nullptr || has(); }, 3000);
+#endif
+}
+
 void Key(int key, int modifiers) {
+    AwaitKeyboard();
     wxUIActionSimulator().Char(key, modifiers);
     Settle();
 }

@@ -25,6 +25,9 @@ void ClickAt(
     const std::function<wxPoint()>& where, bool twice = false,
     const std::function<void()>& meanwhile = [] { Until([] { return false; }, 100); });
 // A key of the toolkit (WXK_TAB, 'A'), with wxMOD_SHIFT and so on.
+// Waits until the window on top has the keyboard, which it gets back when it likes after a box.
+void AwaitKeyboard();
+
 void Key(int key, int modifiers = 0);
 
 // Keys by the platform's own names for them. What they type is the keyboard layout's business.

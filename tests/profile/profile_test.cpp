@@ -67,17 +67,6 @@ TEST(Profile, CanBeHuge) {
     EXPECT_EQ(Find(lines, "s", "\xE4KEY99999") + Find(lines, "S99999", "k"), "v1");
 }
 
-TEST(Profile, GivesItsDefaultAndCutsAValueToTheBuffer) {
-    const Profile file("[s]\r\nk=abcdefgh\r\nm=xy\r\ne=\r\nl=" + string(300, 'n'));
-    EXPECT_EQ(file.Text("s", "none", " \tx \t  "), " \tx \t");
-    EXPECT_EQ(file.Text("none", "k", "'abcdef' ", 4) + file.Text("s", "k", "x", 1), "abc");
-    EXPECT_EQ(file.Text("s", "l", "").size() + file.Text("s", "k", "x", 0).size(), 254u);
-    // Behind a value stands what longer ones before it have left.
-    string buffer(12, '#');
-    EXPECT_EQ(file.Read("s", "k", "", buffer) * 10 + file.Read("s", "m", "", buffer), 82u);
-    EXPECT_EQ(buffer, "xy\0defgh\0###"s);
-}
-
 TEST(WriteKeys, ChangesOnlyAValueOrAddsLines) {
     const test::TempDrives drives;
     std::vector<std::array<string, 5>> cases = {

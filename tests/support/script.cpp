@@ -19,6 +19,7 @@
 #include "views/basic_controls.h"
 #include "views/keys.h"
 #include "views/lists.h"
+#include "views/spoken_name.h"
 
 namespace test {
 namespace {
@@ -66,6 +67,10 @@ std::vector<Fact> FactsOf(const views::Form& form, bool opening) {
             add(Aspect::kShape, name + " size", name + " " + size);
         }
         if (kind == Control::Kind::kLabel || kind == Control::Kind::kFrame) continue;
+        // What a screen reader says of a field is neither empty nor has marks of the screen.
+        const bool captioned = dynamic_cast<const CaptionedControl*>(control) != nullptr;
+        static const std::regex kSpoken("[A-Z%].*[^ :?]"), kNone("");
+        EXPECT_TRUE(std::regex_match(SpokenName(*control), captioned ? kNone : kSpoken)) << name;
         const string usual = opening ? "" : name;
         const string enabled = control->Enabled() ? usual : "(" + name + ")";
         add(Aspect::kEnabled, name + " is", control->Visible() ? enabled : "no " + name);
