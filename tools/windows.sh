@@ -1,11 +1,11 @@
 # For tools that work a program by keys on $DISPLAY; sourced, not run. Every wait ends with a message
-# and status 1 after 20 seconds.
+# and status 1 after two minutes; nothing is decided by how long it takes.
 
 # until_true WHAT COMMAND...: waits until the command succeeds.
 until_true() {
     local what=$1
     shift
-    for _ in $(seq 200); do
+    for _ in $(seq 1200); do
         ! "$@" || return 0
         sleep 0.1
     done
