@@ -133,8 +133,8 @@ class WindowsTeller : public GridTeller {
     }
     // What is typed goes into the current cell; what else changes is read when somebody goes there.
     void TellTexts() override {
-        const bool more = std::exchange(rows_, grid_.ToldRows()) != rows_;
-        if (more) Tell(wxACC_EVENT_OBJECT_REORDER, wxACC_SELF);
+        const int before = std::exchange(rows_, grid_.ToldRows());
+        if (before != rows_) Tell(wxACC_EVENT_OBJECT_REORDER, wxACC_SELF);
         if (table_->CurrentPart() != wxACC_SELF) {
             Tell(wxACC_EVENT_OBJECT_VALUECHANGE, table_->CurrentPart());
         }
