@@ -116,6 +116,11 @@ Section
     ClearErrors
     !insertmacro Everything Write
     WriteUninstaller "$INSTDIR\uninstall.exe"
+    ; Kept until the end: what comes below forgets it.
+    StrCpy $3 "written"
+    ${If} ${Errors}
+        StrCpy $3 "not written"
+    ${EndIf}
 
     SetOutPath "$INSTDIR"
     CreateDirectory "${MENU}"
@@ -137,7 +142,7 @@ Section
     WriteRegDWORD SHCTX "${KEY}" "NoRepair" 1
     ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
     WriteRegDWORD SHCTX "${KEY}" "EstimatedSize" $0
-    ${If} ${Errors}
+    ${If} $3 != "written"
         SetErrorLevel 2
         MessageBox MB_OK|MB_ICONSTOP "Not everything could be written to$\n$INSTDIR" /SD IDOK
     ${EndIf}
