@@ -27,19 +27,19 @@ bool CanFail(long call) {
 
 // That which has one on Windows, too, has that name.
 std::string NameOf(long call) {
-    return call == SYS_read       ? "ReadFile"
-           : call == SYS_write    ? "WriteFile"
-           : call == SYS_fsync    ? "FlushFileBuffers"
-           : call == SYS_renameat ? "MoveFileExW"
-                                  : "call " + std::to_string(call);
+    return call == SYS_read                                ? "ReadFile"
+           : call == SYS_write                             ? "WriteFile"
+           : call == SYS_fsync || call == SYS_syncfs       ? "FlushFileBuffers"
+           : call == SYS_renameat || call == SYS_renameat2 ? "MoveFileExW"
+                                                           : "call " + std::to_string(call);
 }
 
 }  // namespace
 
 const std::vector<std::string_view> kWays = {"refused", "done",   "half",      "none",
                                              "lied",    "killed", "overtaken", "overtaken inside"};
-const std::vector<int> kErrors = {0, EIO, EACCES, EINTR};
-const std::size_t kSample = 400;
+const std::vector<int> kErrors = {0, EIO, EACCES, EINTR, ENOSYS};
+const std::size_t kSample = 250;
 
 std::string RunWith(const Fault& fault, std::size_t n, const std::function<std::string()>& work,
                     const std::function<void()>& other, std::vector<std::string>& calls) {
