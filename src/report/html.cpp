@@ -74,7 +74,14 @@ void Html::Escape(std::string_view utf8) {
     }
 }
 
+// What ends at the same place ends in the same line.
+void Html::BreakLine() {
+    if (lineIsDone_) bytes_ += '\n';
+    lineIsDone_ = false;
+}
+
 void Html::Begin(const char* name, Attributes attributes, const char* end) {
+    BreakLine();
     bytes_.append("<").append(name);
     for (const Attribute& attribute : attributes) {
         bytes_.append(" ").append(attribute.name).append("=\"");
@@ -87,7 +94,7 @@ void Html::Begin(const char* name, Attributes attributes, const char* end) {
 void Html::End(std::string_view name) {
     bytes_.append("</").append(name).append(">");
     // A row of a table or a fact in one line is found sooner by those who look into the file.
-    if (name != "td" && name != "th" && name != "dd") bytes_ += '\n';
+    lineIsDone_ = name != "td" && name != "th" && name != "dd";
 }
 
 Html::Element Html::In(const char* name, Attributes attributes) {

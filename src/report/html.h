@@ -58,7 +58,10 @@ class Html {
     void Put(const char* name, Attributes attributes, const Words& text);
     void Put(const char* name, const Words& text) { Put(name, {}, text); }
     void Empty(const char* name, Attributes attributes = {});
-    void Text(const Words& text) { Escape(text.Utf8()); }
+    void Text(const Words& text) {
+        BreakLine();
+        Escape(text.Utf8());
+    }
     // With the unit it is in, small behind it; none where that is empty.
     void TextIn(const Words& text, const Words& unit);
 
@@ -70,8 +73,10 @@ class Html {
   private:
     void Begin(const char* name, Attributes attributes, const char* end);
     void End(std::string_view name);
+    void BreakLine();
     void Escape(std::string_view utf8);
 
+    bool lineIsDone_ = false;
     std::string bytes_ = "<!DOCTYPE html>\n";
 };
 

@@ -48,7 +48,7 @@ class Writer {
             for (const DriveData& drive : all_.drives) PutDrive(drive);
             if (first == First::kData) PutFindings();
         }
-        return html_.Bytes();
+        return html_.Bytes() + "\n";
     }
 
   private:
