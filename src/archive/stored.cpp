@@ -86,8 +86,7 @@ std::vector<Stored> StoredIn(const fs::path& folder) {
         }
         all.push_back(std::move(stored));
     }
-    std::sort(all.begin(), all.end(),
-              [](const Stored& a, const Stored& b) { return a.name < b.name; });
+    std::ranges::sort(all, {}, &Stored::name);
     return all;
 }
 

@@ -1,13 +1,13 @@
 #include "archive/tree.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <map>
 #include <memory>
 #include <set>
 
 #include "archive/sha256.h"
 #include "text/code_page.h"
+#include "text/strings.h"
 
 namespace archive {
 namespace {
@@ -31,8 +31,7 @@ void Walk(const fs::path& path, Item item, const Wanted& wanted, Contents& conte
         return;
     }
     contents.items.push_back(std::move(item));
-    std::sort(entries.begin(), entries.end(),
-              [](const auto& a, const auto& b) { return a.name < b.name; });
+    std::ranges::sort(entries, {}, &platform::native::Entry::name);
     for (const auto& entry : entries) {
         Item inner;
         try {
@@ -129,16 +128,7 @@ std::string Reason(const std::error_code& error) {
 }
 
 std::string Shown(const std::string& name) {
-    std::string shown;
-    for (const char c : name) {
-        char code[8] = {c, '\0'};
-        // What a terminal would act on is shown as its code.
-        if ((c >= '\0' && c < ' ') || c == '\x7F') {
-            std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned char>(c));
-        }
-        shown += code;
-    }
-    return shown;
+    return text::ShowControls(name);
 }
 
 std::string Shown(const fs::path& path) {

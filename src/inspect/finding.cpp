@@ -1,10 +1,9 @@
 #include "inspect/finding.h"
 
-#include <cstdio>
-
 #include "errors/errors.h"
 #include "platform/drives.h"
 #include "text/code_page.h"
+#include "text/strings.h"
 
 namespace inspect {
 namespace {
@@ -27,15 +26,8 @@ const char* NameOf(Severity severity) {
 
 std::string Sentence(const Finding& finding) {
     const std::string line = finding.line == 0 ? "" : ":" + std::to_string(finding.line);
-    // What a terminal would act on is shown as its code.
-    std::string shown;
-    for (char c : finding.text) {
-        char code[8] = {c, '\0'};
-        if (c >= '\0' && c < ' ') std::snprintf(code, sizeof code, "\\x%02X", c);
-        shown += code;
-    }
     return NativePath(finding.path) + line + ": " + NameOf(finding.severity) + ": " +
-           text::ToUtf8(shown);
+           text::ToUtf8(text::ShowControls(finding.text));
 }
 
 }  // namespace inspect

@@ -4,9 +4,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 
 #include "text/code_page.h"
+#include "text/strings.h"
 
 namespace report {
 namespace {
@@ -26,9 +26,7 @@ Words::Words(const std::string& data) {
     }
     for (const char byte : data) {
         if (IsControl(byte)) {
-            std::array<char, 8> code{};
-            std::snprintf(code.data(), code.size(), "\\x%02X", static_cast<unsigned char>(byte));
-            utf8_ += code.data();
+            utf8_ += text::CodeOf(byte);
         } else {
             utf8_ += text::ToUtf8({&byte, 1});
         }

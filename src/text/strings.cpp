@@ -33,6 +33,20 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
                       [](char x, char y) { return x == y || UpperChar(x) == UpperChar(y); });
 }
 
+std::string CodeOf(char byte) {
+    constexpr const char* kDigits = "0123456789ABCDEF";
+    return {'\\', 'x', kDigits[byte >> 4 & 15], kDigits[byte & 15]};
+}
+
+std::string ShowControls(std::string_view text) {
+    std::string shown;
+    for (const char c : text) {
+        const bool acts = (c >= '\0' && c < ' ') || c == '\x7F';
+        shown += acts ? CodeOf(c) : std::string(1, c);
+    }
+    return shown;
+}
+
 bool LessIgnoringCase(std::string_view a, std::string_view b) {
     return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
         return static_cast<unsigned char>(UpperChar(x)) < static_cast<unsigned char>(UpperChar(y));

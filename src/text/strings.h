@@ -20,6 +20,11 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b);
 // Whether a text fits a pattern with * and ?, which stand for any characters and for one.
 bool FitsWildCards(std::string_view text, std::string_view pattern);
 
+// A byte as \x and two digits, and a text with what a terminal would act on (codes 0 to 31 and 127)
+// shown so.
+std::string CodeOf(char byte);
+std::string ShowControls(std::string_view text);
+
 // Order of file names: by upper-case code, as the platform's directories sort.
 bool LessIgnoringCase(std::string_view a, std::string_view b);
 
