@@ -8,6 +8,11 @@
 #include "commandline/commands.h"
 #include "tests/support/workshop.h"
 
+#ifndef _WIN32
+#include <pty.h>
+#include <unistd.h>
+#endif
+
 namespace {
 
 using std::string;
@@ -98,7 +103,15 @@ TEST_F(CommandLine, LooksOverTheInstallation) {
     EXPECT_EQ(Run({"check", "--drive", "q"}), "2\nquarvel-data: q: there is no such drive\n");
     EXPECT_EQ(Run({"uses", "process", "\xCE\xA9"}),
               "2\nquarvel-data: What was given has a character that the data cannot hold\n");
-    EXPECT_TRUE(Run({"--help"})[0] == '0' && Run({"chek"})[0] == '2');
+    EXPECT_EQ(Run({"report", "--drive", "q", "page"}),
+              "2\nquarvel-data: q: there is no such drive\n");
+    for (const auto& wrong : {std::vector<const char*>{"chek"},
+                              {"uses"},
+                              {"report"},
+                              {"check", "--drive", "c", "d"},
+                              {"report", "--drive", "c", "x", "y"}}) {
+        EXPECT_EQ(Run(wrong)[0], '2') << wrong[0];
+    }
     for (const char* name : {"system", "network", "USER"}) {
         std::filesystem::remove_all(workshop.Path(string("c:\\tolvarin\\") + name));
     }
@@ -109,5 +122,58 @@ TEST_F(CommandLine, LooksOverTheInstallation) {
 /c/tolvarin/system/material.dat: error: is not found: no production directory can be made
 )");
 }
+
+// What somebody is told who asks.
+TEST_F(CommandLine, HelpsWithEveryCommand) {
+    string help =
+        Run({"--help"}) + Run({"uses", "process", "-h"}) + Run({"uses", "material", "-h"});
+    for (const char* command : {"check", "uses", "report", "backup", "restore", "verify"})
+        help += Run({command, "--help"});
+    for (const char* told :
+         {"0\nLooks over the data of the Quarvel nesting system.\n",
+          "--drive LETTER ",
+          " Tells what is wrong or doubtful: path:line: error, warning or note: text\n",
+          " Tells which material lists name something\n",
+          " A process\n",
+          " A material type\n",
+          " Its name, in any case\n",
+          " Its code, in any case\n",
+          " Show it in the browser, too\n",
+          " Show it in the browser then\n",
+          " The file to write, as HTML; may be left out with --open\n",
+          " Writes a page of all processes, materials and lists, to look at and to print\n",
+          " Only this drive, by its letter; more than once for more drives\n",
+          " Copies a folder to another drive, checked\n",
+          "\nquarvel-data backup SOURCE DESTINATION [/s] [--keep N]\n"
+          "SOURCE is everything in front of the last drive: c:/tolvarin/USER/PROD/my job/*.*\n"
+          "Another wild card than *.* chooses among the files of that folder itself.\n"
+          "DESTINATION is a drive: a: gets a:/QVBACKUP/DATE TIME NAME with the files as files.\n"
+          "  /s         with all folders below\n"
+          "  --keep N   deletes older whole backups of this folder until N are left\n"
+          "Ends with 0; with 1 where something is not in it as it was, which is told; with 2 where "
+          "there is no backup.\n",
+          " Lists the backups of a drive, or brings one back to where it came from\n",
+          " Reads a backup, or all of a drive, and compares it with its list\n",
+          " The drive with the backups: a:\n",
+          " Its number in the list, or its name\n",
+          " Also where something else stands; that is kept beside it under a name with the date\n"})
+        EXPECT_NE(help.find(told), help.npos) << told << help;
+}
+
+#ifndef _WIN32
+// A terminal is told how far it is, in a line that goes again.
+TEST_F(CommandLine, TellsATerminalHowFarItIs) {
+    int terminal = -1, screen = -1;
+    ASSERT_EQ(openpty(&terminal, &screen, nullptr, nullptr, nullptr), 0);
+    const int before = dup(STDERR_FILENO);
+    dup2(screen, STDERR_FILENO);
+    EXPECT_EQ(Run({"backup", "c:\\tolvarin\\USER\\PROD\\p10", "d:"})[0], '0');
+    dup2(before, STDERR_FILENO);
+    string shown(1000, '\0');
+    shown.resize(read(terminal, shown.data(), shown.size()));
+    EXPECT_EQ(shown.substr(0, 12), "24 % \r     \r");
+    for (const int file : {terminal, screen, before}) close(file);
+}
+#endif
 
 }  // namespace
