@@ -205,21 +205,15 @@ void Run::Copy(Progress& progress) {
             copied.push_back(std::move(item));
             continue;
         }
-        switch (CopyFile(item.In(from_), to, item, progress, why)) {
-            case Copied::kVanished:
-                Remark("vanished meanwhile: " + Shown(item.name));
-                continue;
-            case Copied::kUnreadable:
-                telling_.say("cannot be read: " + Shown(item.name) + ": " + why);
-                outcome_ = Outcome::kNotDone;
-                continue;
-            case Copied::kChanged:
-                Remark("changed meanwhile: " + Shown(item.name));
-                break;
-            case Copied::kAsItWas:
-                break;
+        const Copied what = CopyFile(item.In(from_), to, item, progress, why);
+        if (what == Copied::kVanished) Remark("vanished meanwhile: " + Shown(item.name));
+        if (what == Copied::kChanged) Remark("changed meanwhile: " + Shown(item.name));
+        if (what == Copied::kUnreadable) {
+            telling_.say("cannot be read: " + Shown(item.name) + ": " + why);
+            outcome_ = Outcome::kNotDone;
         }
-        copied.push_back(std::move(item));
+        const bool stored = what == Copied::kAsItWas || what == Copied::kChanged;
+        if (stored) copied.push_back(std::move(item));
     }
     list_.items = std::move(copied);
 }
@@ -232,8 +226,7 @@ void Run::WriteList() {
     raw::Writer writer(path, info, error);
     Check(path, error);
     writer.Write(TextOf(list_), error);
-    Check(path, error);
-    writer.Finish(info, error);
+    if (!error) writer.Finish(info, error);
     Check(path, error);
     // A folder's time stays only when nothing is made in it any more.
     for (auto item = list_.items.rbegin(); item != list_.items.rend(); ++item) {

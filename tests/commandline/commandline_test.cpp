@@ -121,6 +121,13 @@ TEST_F(CommandLine, LooksOverTheInstallation) {
 /c/tolvarin/system/mattypes.dat: error: is not found: there are no material types
 /c/tolvarin/system/material.dat: error: is not found: no production directory can be made
 )");
+    // Where the data lie, in the older file and in the one that comes before it.
+    for (const char* name : {"nestcfg.ini", "nestcfg32.ini"}) {
+        workshop.Write(string("c:\\windows\\") + name,
+                       string("[system]\nNestRootDir=\\of ") + name);
+        const string at = string("/c/of ") + name + "/system/process.dat: error: is not found";
+        EXPECT_EQ(Run({"check"}).find(at), 2u) << Run({"check"});
+    }
 }
 
 // What somebody is told who asks.
@@ -169,10 +176,11 @@ TEST_F(CommandLine, TellsATerminalHowFarItIs) {
     dup2(screen, STDERR_FILENO);
     EXPECT_EQ(Run({"backup", "c:\\tolvarin\\USER\\PROD\\p10", "d:"})[0], '0');
     dup2(before, STDERR_FILENO);
-    string shown(1000, '\0');
-    shown.resize(read(terminal, shown.data(), shown.size()));
+    close(before), close(screen);  // so that what is read ends
+    string shown;
+    for (char c = 0; read(terminal, &c, 1) == 1;) shown += c;
     EXPECT_EQ(shown.substr(0, 12), "24 % \r     \r");
-    for (const int file : {terminal, screen, before}) close(file);
+    close(terminal);
 }
 #endif
 
