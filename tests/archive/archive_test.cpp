@@ -193,10 +193,12 @@ TEST_F(Archive, BringsBackRandomTrees) {
 }
 
 TEST_F(Archive, ReplacesOnlyWhenAskedAndKeepsWhatWasThere) {
+    EXPECT_EQ(DoVerify(), Outcome::kNotDone);
+    EXPECT_EQ(said, "There is no backup on drive d");
     MakeJob("old");
     const Tree backedUp = Place();
     ASSERT_EQ(DoBackup(), Outcome::kAllRight);
-    drives.Write(kPlace + "\\MATERIAL.DAT", "new");
+    drives.Write(kPlace + "\\MATERIAL.DAT", "newer");
     drives.Write(kPlace + "\\COMP\\b", "");
     fs::remove(drives.Path(kPlace + "\\TAPE"));
     const Tree later = Place();
@@ -308,7 +310,12 @@ TEST_F(Archive, WhatIsCopiedAndWhatIsTold) {
     EXPECT_EQ(DoBackup(), Outcome::kSomething);
     EXPECT_TRUE(said.starts_with("vanished meanwhile: MATERIAL.DAT\nchanged meanwhile: b.dat\n"))
         << said;
-    EXPECT_EQ(DoVerify(All().back().name), Outcome::kAllRight) << said;
+    const auto latest = [&] { return said.substr(said.find_last_of("/\\") + 1, 26); };
+    const string name = latest(), longer = Place().at("b.dat");
+    EXPECT_EQ(DoVerify(name), Outcome::kAllRight) << said;
+    RemoveTree(drives.Path(kPlace));
+    EXPECT_EQ(DoRestore(name, false), Outcome::kAllRight) << said;
+    EXPECT_EQ(Place().at("b.dat"), longer);
     // The drive is drawn out.
     meanwhile = [&, to = drives.Path("d:\\QVBACKUP")](int, const string&) {
         if (fs::exists(to)) fs::rename(to, drives.Path("d:\\gone"));
@@ -323,6 +330,9 @@ TEST_F(Archive, WhatIsCopiedAndWhatIsTold) {
     mkfifo(drives.Path(kPlace + "\\pipe").c_str(), 0600);
     EXPECT_EQ(DoBackup(), Outcome::kSomething);
     EXPECT_TRUE(said.starts_with("not copied: link: a link\nnot copied: pipe: neither")) << said;
+    fs::rename(drives.Path(kPlace + "\\link"), drives.Path(kPlace + "\\b.dat"));
+    EXPECT_EQ(DoRestore(latest(), false), Outcome::kSomething);
+    EXPECT_TRUE(said.starts_with("added: pipe\nchanged: b.dat\nc:")) << said;
 #endif
 }
 
@@ -375,6 +385,10 @@ TEST_F(Archive, EveryChangedBitIsFound) {
     EXPECT_TRUE(Told().starts_with("<drives>/d/QVBACKUP/<time> my job/COMP/a: ")) << said;
     // A list that tells of more than there is room for.
     List list = ListIn(All()[0]);
+    std::ofstream(stored / kListName, std::ios::binary)
+        << TextOf({"x", "c:\\\xD0\x96", "", "*", true, {}});
+    EXPECT_EQ(DoRestore("1", true), Outcome::kNotDone);
+    EXPECT_EQ(said, "Where the backup came from is no path here");
     list.items.back().info.size = std::uint64_t{1} << 60;
     std::ofstream(stored / kListName, std::ios::binary) << TextOf(list);
     EXPECT_EQ(DoRestore("1", true), Outcome::kNotDone);
