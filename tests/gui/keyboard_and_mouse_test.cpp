@@ -82,12 +82,12 @@ TEST(Keyboard, LocksTheNumberPadAndDeadKeys) {
                   press({XK_Num_Lock, XK_KP_Right}),  // a key that moves
                   press({XK_dead_acute, XK_e, XK_dead_circumflex, XK_e})};
     player.Play(test::Workshop(), R"(
-        click cmdSysMaterial, click 1 1 -> ...
-        '*' -> row 1: MS | A1- | 7.85; txtEditData "A1-"
-        '*' -> at 1 2; txtEditData "7.85"
-        F6, '*' -> row 1: MS | A1- | \xE9\xEA; txtEditData "\xE9\xEA"; focus txtEditData
-        no, close -> box Yes/No none "Material Types Save" "<7>Save Changes ?"
-    )");
+click cmdSysMaterial, click 1 1 -> ...
+'*' -> row 1: MS | A1- | 7.85; txtEditData "A1-"
+'*' -> at 1 2; txtEditData "7.85"
+F6, '*' -> row 1: MS | A1- | \xE9\xEA; txtEditData "\xE9\xEA"; focus txtEditData
+no, close -> box Yes/No none "Material Types Save" "<7>Save Changes ?"
+)");
 }
 
 #endif
@@ -109,18 +109,17 @@ TEST(Keyboard, KeysThatTypeNothingAndTheClipboard) {
     test::RealPlayer player;
     player.own = {held, held, append("\xCE\xA9"), append("\xC3\xBC"), append("\xCE\xA9")};
     player.Play(test::Workshop(), R"(
-        click cmdSysMaterial, click 1 1, focus txtEditData, 'abc', Shift+Left -> ...
-        '*' ->
-        Ctrl+X, Ctrl+V, Ctrl+V -> row 1: MS | abcc | 7.85; txtEditData "abcc"
-        Ctrl+A, Ctrl+C, End, Ctrl+V -> row 1: MS | abccabcc | 7.85; txtEditData "abccabcc"
-        focus grdMaterialTypes, Ctrl+A, Ctrl+C, Ctrl+V, Ctrl+X, Ctrl+Z, '*' -> unmarked
-            -> focus grdMaterialTypes
-        '*' ->
-        '*' -> row 1: MS | abccabcc\xFC | 7.85; marked; txtEditData "abccabcc\xFC"
-            -> focus txtEditData
-        Ctrl+Z, '*' -> ...
-        no, close -> box Yes/No none "Material Types Save" "<7>Save Changes ?"
-    )");
+click cmdSysMaterial, click 1 1, focus txtEditData, 'abc', Shift+Left -> ...
+'*' ->
+Ctrl+X, Ctrl+V, Ctrl+V -> row 1: MS | abcc | 7.85; txtEditData "abcc"
+Ctrl+A, Ctrl+C, End, Ctrl+V -> row 1: MS | abccabcc | 7.85; txtEditData "abccabcc"
+focus grdMaterialTypes, Ctrl+A, Ctrl+C, Ctrl+V, Ctrl+X, Ctrl+Z, '*' -> unmarked focus
+  -> grdMaterialTypes
+'*' ->
+'*' -> row 1: MS | abccabcc\xFC | 7.85; marked; txtEditData "abccabcc\xFC" focus txtEditData
+Ctrl+Z, '*' -> ...
+no, close -> box Yes/No none "Material Types Save" "<7>Save Changes ?"
+)");
 }
 
 // The first click counts wherever the focus was, coming by Tab chooses nothing, and a list that
@@ -133,24 +132,23 @@ TEST(Mouse, ListsAndArrows) {
                       [&] { Until([&] { return box->GetValue() == "25"; }); });
     }};
     player.Play(test::Workshop(), R"(
-        click optProduction, click lstDirectory -> optProduction on; lstDirectory {p10}
-            -> lstDirectory "p10"; cmdMaterial; cmdDelete; cmdPrint
-        click cmdMaterial, click 1 3 -> ...
-        focus spinButton, '*' -> row 1: 1 | MS | Plasma | 25; txtSpinText "25"; focus spinButton
-        no, close -> box Yes/No none "Save Material List file"
-            -> "<9>Save Changes ?"
-        click optDesign, Shift+Tab, Tab, Tab, Tab -> optDesign on; lstDirectory {plates}
-            -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus cmdCreate
-        click drvList, no, Down, Enter -> focus drvList
-            -> box Yes/No "No Nest data on d:\nWould you like to make d: a Nest data drive?"
-        click cmdSysProcess, click cmdAddProcess, 'neu', click cboCopy, Up, Enter -> "Add Process";
-            -> frmAddProcess; txtNewProcessName 40x0; txtNewProcessName "neu"; cboCopy 40x0;
-            -> cboCopy {Plasma; Oxy Fuel; None}; cboCopy "Oxy Fuel"; focus cboCopy
-        Esc, Esc, click cmdSysDefaults -> ...
-        click cboEditDataType, Down, Enter -> row 1: 1 | SS304 | Plasma | -; cboEditDataType "SS304"
-            -> focus cboEditDataType
-        no, close -> focus cmdSysDefaults; box again "Save Material List file"
-    )");
+click optProduction, click lstDirectory -> optProduction on; lstDirectory {p10} lstDirectory "p10";
+  -> cmdMaterial; cmdDelete; cmdPrint
+click cmdMaterial, click 1 3 -> ...
+focus spinButton, '*' -> row 1: 1 | MS | Plasma | 25; txtSpinText "25"; focus spinButton
+no, close -> box Yes/No none "Save Material List file" "<9>Save Changes ?"
+click optDesign, Shift+Tab, Tab, Tab, Tab -> optDesign on; lstDirectory {plates} lstDirectory "";
+  -> (cmdMaterial); (cmdDelete); (cmdPrint); focus cmdCreate
+click drvList, no, Down, Enter -> focus drvList box Yes/No "No Nest data on d:\nWould you like to
+  -> make d: a Nest data drive?"
+click cmdSysProcess, click cmdAddProcess, 'neu', click cboCopy, Up, Enter -> "Add Process";
+  -> frmAddProcess; txtNewProcessName 40x0; txtNewProcessName "neu"; cboCopy 40x0; cboCopy {Plasma;
+  -> Oxy Fuel; None}; cboCopy "Oxy Fuel"; focus cboCopy
+Esc, Esc, click cmdSysDefaults -> ...
+click cboEditDataType, Down, Enter -> row 1: 1 | SS304 | Plasma | -; cboEditDataType "SS304" focus
+  -> cboEditDataType
+no, close -> focus cmdSysDefaults; box again "Save Material List file"
+)");
 }
 
 // The commands know of one cell or one row only, so a drag marks nothing. The question is up by the
@@ -175,11 +173,11 @@ TEST(Mouse, DragsAndDoubleClicks) {
     test::RealPlayer player;
     player.own = {drag, twice};
     player.Play(test::Workshop(), R"(
-        click cmdSysMaterial, click 1 1 -> ...
-        '*' ->
-        click 1 2, focus cmdDelete, no, no, '*' -> ...
-        Tab -> (cmdDelete); focus cmdClose
-    )");
+click cmdSysMaterial, click 1 1 -> ...
+'*' ->
+click 1 2, focus cmdDelete, no, no, '*' -> ...
+Tab -> (cmdDelete); focus cmdClose
+)");
 }
 
 }  // namespace

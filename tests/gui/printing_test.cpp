@@ -42,9 +42,9 @@ class Printer : public views::wx::WxPrinter {
 void ExpectRefused(const string& reason) {
     const Printer printer;
     string script = R"(
-        choose lstDirectory plates, click cmdPrint, click cmdOK -> box critical "REASON"
-            -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=c:
-            -> ended 1)";
+choose lstDirectory plates, click cmdPrint, click cmdOK -> box critical "REASON"
+  -> c:\tolvarin\network\user1\nestuser.ini +[SystemManager]; +CurrentSysManDrive=c: ended 1
+)";
     script.replace(script.find("REASON"), 6, reason);
     test::RealPlayer().Play(test::Workshop(), script, test::Paper::kReal);
 }
@@ -122,11 +122,11 @@ TEST(Printing, SheetsAndColumnsOnThePaperThatIsSetUp) {
     test::RealPlayer player;
     player.own = {expectAll, expect("A4"), setUp, expect("letter"), expect("letter")};
     player.Play(workshop, R"(
-        click optProduction, choose lstDirectory p10, click cmdPrint -> ...
-        click chkComp, click chkNest, click cmdOK, '**' -> ...
-        click cmdPrint, '*', click cmdSetup, click cmdOK, '*' -> ...
-        click cmdPrint, click cmdOK, '*' -> ...
-    )",
+click optProduction, choose lstDirectory p10, click cmdPrint -> ...
+click chkComp, click chkNest, click cmdOK, '**' -> ...
+click cmdPrint, '*', click cmdSetup, click cmdOK, '*' -> ...
+click cmdPrint, click cmdOK, '*' -> ...
+)",
                 test::Paper::kReal);
 }
 
