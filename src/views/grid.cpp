@@ -165,8 +165,7 @@ bool Grid::HandleKey(int key, int shift) {
             return false;
     }
     if (shift != 0) return false;
-    SetCell(std::clamp(row, fixedRows_, std::max(Rows() - 1, fixedRows_)),
-            std::clamp(column, fixedColumns_, std::max(columns_ - 1, fixedColumns_)));
+    SetCell(std::max(row, fixedRows_), std::max(column, fixedColumns_));
     return true;
 }
 
