@@ -168,10 +168,33 @@ click cmdPrint, click chkGroups, click chkTape, Enter -> paper: Quarvel for Wind
   -> Nests // <No files> //; paper: Quarvel for Windows by Halcor.<11>Date <today> // Production
   -> Data // p20 directory // Components // 1.cmp<50>0   <today> // Nests // a<54>0   <today> //
 click cmdPrint, Esc ->
+write c:\tolvarin\USER\PROD\P20\NEST\nnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnn.nst '', click cmdPrint,
+click cmdCancel, click cmdPrint, click chkComp, click chkGroups, click chkTape, click cmdOK ->
+  -> paper: Quarvel for Windows by Halcor.<11>Date <today> // Production Data // p10 directory //
+  -> Nests // <No files> //; paper: Quarvel for Windows by Halcor.<11>Date <today> // Production
+  -> Data // p20 directory // Nests // a<54>0   <today> / n<46>.nst<5>0   <today> //
 )#");
 }
 
-#ifndef _WIN32  // there with an interpreter for batch files
+#ifndef _WIN32
+
+TEST(MainWindow, NamesThatDifferInCaseOnlyAreTwoDirectories) {
+    Play(R"#(
+write c:\tolvarin\USER\PROD\Twin\COMP\a '', write c:\tolvarin\USER\PROD\TWIN\COMP\b '',
+click optProduction, choose lstDirectory twin, yes, yes, click cmdDelete -> optProduction on;
+  -> lstDirectory {p10; twin; twin}; focus cmdBackup; box Yes/No question "Are you sure you want to
+  -> delete the twin directory?"; box Yes/No question "Are you REALLY sure you want to delete the
+  -> twin directory?\n(This is pretty serious!)"
+choose lstDirectory twin, click cmdPrint, click chkGroups, click chkNest, click chkTape, Enter ->
+  -> paper: Quarvel for Windows by Halcor.<11>Date <today> // Production Data // p10 directory //
+  -> Components // <No files> //; paper: Quarvel for Windows by Halcor.<11>Date <today> //
+  -> Production Data // twin directory // Components // b<54>0   <today> //; paper: Quarvel for
+  -> Windows by Halcor.<11>Date <today> // Production Data // twin directory // Components //
+  -> a<54>0   <today> //
+)#");
+}
+
+// On Windows with an interpreter for batch files.
 
 TEST(MainWindow, WritesTheBatchFileOfABackup) {
     const test::Environment noTerminal("PATH", "/nowhere");
