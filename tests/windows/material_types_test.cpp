@@ -100,6 +100,13 @@ yes, Alt+D -> row 7: M8 | - | 0; row 8: M9 | - | 0; row 9: M10 | - | 0; row 10: 
   -> Type" ..M7..
 click cmdAdd, 'm61', Enter -> row 60: M61 | - | 0; at 60 1; cmdDelete
 no, close -> box again "Material Types Save"
+write c:\tolvarin\system\mattypes.dat '[Materials]\nMat1=M\x01S\nMat2=x\n[M\x01S]\nDescription=a\x01b',
+click cmdSysMaterial, click 2 2, yes, click cmdDelete, no, Esc, click cmdSysMaterial, click 1 2, '0.5',
+yes, Esc -> box again "Deleting Material Type" ..x..; box again "Material Types Save"; box again
+  -> "Material Types Save"; c:\tolvarin\system\mattypes.dat -[Materials]\n; -Mat1=M\x01S\n;
+  -> -Mat2=x\n; -[M\x01S]\n; -Description=a\x01b<no end>; +;..; +;..; +\r; +;..; +\r; +[Materials];
+  -> +Mat1=M<31>; +Mat2=x<31>; +\r; +[M]; +Description=a<49>; +Density=.5; +\r; +[x];
+  -> +Description=<50>; +Density=0
 write c:\tolvarin\system\mattypes.dat '[Materials]\r\n{1-61:Mat#=M#\r\n}', click cmdSysMaterial ->
   -> box "Error in loading MATTYPES.DAT" "MATTYPES.DAT lists more than 60 material types"
 )");

@@ -162,6 +162,8 @@ yes, Alt+D -> "Process Defaults P1"; cboProcess {P1; P2; P3; P4; P5; P6; P7; P8;
 Alt+P, Esc, no, Esc -> box Yes/No none "Closing Process Defaults" "<13>Save Changes ?"
 write c:\tolvarin\system\process.dat '[Processes]\n{1-21:Process#=P#\n}', click cmdSysProcess -> box
   -> "Error loading Process.dat" "PROCESS.DAT lists more than 20 processes"
+write c:\tolvarin\system\process.dat '', click cmdSysProcess, Alt+P, 'Q', Enter, no, Esc -> box
+  -> again "Closing Process Defaults"
 write c:\tolvarin\system\process.dat '[Processes]\nProcess1=P\n[P]\n{1-100:Thickness#=1\n}',
 click cmdSysProcess, Alt+E, no, Esc -> box again "Closing Process Defaults"
 write c:\tolvarin\system\process.dat '[Processes]\nProcess1=P\n[P]\n{1-101:Thickness#=1\n}',
