@@ -38,7 +38,7 @@ std::string NameOf(long call) {
 
 const std::vector<std::string_view> kWays = {"refused", "done",   "half",      "none",
                                              "lied",    "killed", "overtaken", "overtaken inside"};
-const std::vector<int> kErrors = {0, EIO, EACCES, EINTR, ENOSYS};
+const std::vector<int> kErrors = {0, EIO, EACCES, EINTR, EINVAL};
 const std::size_t kSample = 120;
 
 std::string RunWith(const Fault& fault, std::size_t n, const std::function<std::string()>& work,
