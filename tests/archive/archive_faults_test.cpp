@@ -16,17 +16,17 @@ namespace {
 // Whatever goes wrong: what is called a backup is one, and in its place stands the old or the new.
 class ArchiveFaults : public Archive {
   protected:
-    string Backing() { return DoBackup() == Outcome::kAllRight ? "" : said; }
-    string Restoring() { return DoRestore("1", true) == Outcome::kAllRight ? "" : said; }
+    string Backing() { return DoBackup() == kAllRight ? "" : said; }
+    string Restoring() { return DoRestore("1", true) == kAllRight ? "" : said; }
 
     void CheckBackups(const string& after) {
         for (const Stored& stored : All()) {
             if (stored.whole) {
-                EXPECT_EQ(DoVerify(stored.name), Outcome::kAllRight) << after << said;
+                EXPECT_EQ(DoVerify(stored.name), kAllRight) << after << said;
             }
         }
         EXPECT_EQ(Place(), before) << after;
-        EXPECT_EQ(DoBackup(), Outcome::kAllRight) << after << said;
+        EXPECT_EQ(DoBackup(), kAllRight) << after << said;
         for (const Stored& stored : All()) EXPECT_TRUE(stored.whole) << after;
     }
     void CheckPlace(const string& after, bool done) {
@@ -40,7 +40,7 @@ class ArchiveFaults : public Archive {
         EXPECT_TRUE(now == before || now == old) << after;
         EXPECT_EQ(olds, 1) << after;
         EXPECT_TRUE(!done || now == before) << after;
-        EXPECT_EQ(DoRestore("1", true), Outcome::kAllRight) << after << said;
+        EXPECT_EQ(DoRestore("1", true), kAllRight) << after << said;
         for (const auto& entry : fs::directory_iterator(drives.Path("c:\\tolvarin\\USER\\PROD"))) {
             EXPECT_NE(entry.path().extension(), ".restoring") << after;
         }
@@ -104,7 +104,7 @@ TEST_F(ArchiveInMemory, LeavesNoHalfBackupAndTheOldOrTheNew) {
                 CheckPlace(after, done);
             } else {
                 if (done) {
-                    EXPECT_EQ(DoRestore("1", false), Outcome::kAllRight) << after << said;
+                    EXPECT_EQ(DoRestore("1", false), kAllRight) << after << said;
                 }
                 CheckBackups(after);
             }
@@ -117,7 +117,7 @@ TEST_F(ArchiveInMemory, LeavesNoHalfBackupAndTheOldOrTheNew) {
 TEST_F(ArchiveFaults, FullAndProtectedDisks) {
     MakeJob(string(100000, 'x'));
     before = Place();
-    ASSERT_EQ(DoBackup(), Outcome::kAllRight);
+    ASSERT_EQ(DoBackup(), kAllRight);
     signal(SIGXFSZ, SIG_IGN);
     rlimit limit;
     getrlimit(RLIMIT_FSIZE, &limit);
@@ -129,8 +129,8 @@ TEST_F(ArchiveFaults, FullAndProtectedDisks) {
     PrepareRestore();
     const Outcome restored = DoRestore("1", true);
     setrlimit(RLIMIT_FSIZE, &limit);
-    EXPECT_EQ(backedUp, Outcome::kNotDone);
-    EXPECT_EQ(restored, Outcome::kNotDone);
+    EXPECT_EQ(backedUp, kNotDone);
+    EXPECT_EQ(restored, kNotDone);
     EXPECT_EQ(All().size(), 1u);
     EXPECT_EQ(drives.Count("c:\\tolvarin\\USER\\PROD"), 1);
     EXPECT_EQ(Place(), old);
@@ -138,7 +138,7 @@ TEST_F(ArchiveFaults, FullAndProtectedDisks) {
     drives.Write(kPlace + "\\vast", "");
     std::error_code error;
     fs::resize_file(drives.Path(kPlace + "\\vast"), std::uintmax_t{1} << 43, error);
-    EXPECT_EQ(DoBackup(), error ? Outcome::kAllRight : Outcome::kNotDone);
+    EXPECT_EQ(DoBackup(), error ? kAllRight : kNotDone);
     EXPECT_TRUE(error || said.starts_with("There is no room on drive d: ")) << said;
     EXPECT_EQ(drives.Count("d:\\QVBACKUP"), error ? 2 : 1);
     fs::remove(drives.Path(kPlace + "\\vast"));
@@ -151,19 +151,18 @@ TEST_F(ArchiveFaults, FullAndProtectedDisks) {
         ASSERT_EQ(seteuid(65534), 0);
     }
     chmod(drives.Path(kPlace + "\\OLD").c_str(), 0);
-    EXPECT_EQ(DoBackup(), Outcome::kNotDone);
-    EXPECT_EQ(Told(), "cannot be read: OLD: " + reason(EACCES) +
-                          "\nWhat could be read is in <drives>/d/QVBACKUP/<time> my job.part; it "
-                          "is not a whole backup\n");
+    Expect(DoBackup(), kNotDone,
+           "cannot be read: OLD: " + reason(EACCES) +
+               "\nWhat could be read is in <drives>/d/QVBACKUP/<time> my job.part; it is not a "
+               "whole backup\n");
     EXPECT_FALSE(All().back().whole);
     chmod(drives.Path(kPlace + "\\OLD").c_str(), 0600);
     // What a folder hides is not missing.
     chmod((All()[0].path / "COMP").c_str(), 0);
-    EXPECT_EQ(DoVerify("1"), Outcome::kNotDone);
-    EXPECT_EQ(Told(), "<time> my job: cannot be read: COMP: " + reason(EACCES) + "\n");
+    Expect(DoVerify("1"), kNotDone,
+           "<time> my job: cannot be read: COMP: " + reason(EACCES) + "\n");
     chmod(drives.Path("d:\\QVBACKUP").c_str(), 0555);
-    EXPECT_EQ(DoBackup(), Outcome::kNotDone);
-    EXPECT_TRUE(said.ends_with(".part: " + reason(EACCES))) << said;
+    Expect(DoBackup(), kNotDone, "...part: " + reason(EACCES));
     EXPECT_EQ(seteuid(root ? 0 : geteuid()), 0);
 }
 

@@ -7,6 +7,7 @@
 #include <iterator>
 #include <map>
 #include <regex>
+#include <source_location>
 #include <sstream>
 
 #include "app/system_config.h"
@@ -16,6 +17,7 @@
 namespace archive {
 
 using std::string;
+using enum Outcome;
 using Tree = std::map<string, string>;
 
 inline const string kPlace = "c:\\tolvarin\\USER\\PROD\\my job";
@@ -68,6 +70,16 @@ class Archive : public ::testing::Test {
         string told = std::regex_replace(said, std::regex(R"(\\)"), "/");
         told = std::regex_replace(told, std::regex(drives.Folder().generic_string()), "<drives>");
         return std::regex_replace(told, std::regex("[0-9]{4}(-[0-9]{2}){2} [0-9.]{8}"), "<time>");
+    }
+    // How a command has ended and what was told of it; ".." stands for more at that end.
+    void Expect(Outcome got, Outcome expected, string told = "....",
+                std::source_location here = std::source_location::current()) {
+        const bool begins = told.starts_with(".."), ends = told.ends_with("..");
+        const string all = Told(),
+                     part = told.substr(begins * 2, told.size() - begins * 2 - ends * 2);
+        const bool found = (begins || all.starts_with(part)) && (ends || all.ends_with(part));
+        EXPECT_TRUE(got == expected && found && all.find(part) != all.npos)
+            << "line " << here.line() << ", " << static_cast<int>(got) << ": " << all;
     }
     Outcome DoBackup(const string& words) {
         std::istringstream stream(words);

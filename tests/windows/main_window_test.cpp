@@ -2,16 +2,6 @@
 // and backing them up, and the drive kept for the next start.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <string>
-
-#ifdef _WIN32
-#include <windows.h>
-
-#include <fstream>
-#include <iterator>
-#endif
-
 #include "platform/single_instance.h"
 #include "tests/support/environment.h"
 #include "tests/support/workshop.h"
@@ -229,36 +219,6 @@ protect c:\tolvarin\system\QVBACKUP.BAT, click optAllData, click cmdOK -> box cr
   -> "c:\tolvarin\SYSTEM\QVBACKUP.BAT: is read-only"; c:\tolvarin\network\user1\nestuser.ini
   -> +[SystemManager]; +CurrentSysManDrive=c:; ended 1
 )#");
-}
-
-#else
-
-// The command interpreter of the system runs the batch file and finds this `backup` in the path.
-TEST(MainWindow, StartsTheBackupCommand) {
-    const test::Workshop workshop;
-    const std::string record = workshop.Folder().string() + ".txt";
-    workshop.Write("d:\\bin\\backup.bat", "@echo %CD% %PATH% %*>\"" + record + "\"\r\n");
-    workshop.MakeDir("a:");
-    const char* path = std::getenv("PATH");
-    const test::Environment search(
-        "PATH", workshop.Path("d:\\bin").string() + ";" + (path != nullptr ? path : ""));
-    test::Play(workshop, R"#(
-click optProduction, choose lstDirectory p10, click cmdBackup -> ...
-click cmdOK -> ...
-)#");
-    std::string said;
-    for (int tries = 0; tries < 300 && said.empty(); ++tries) {
-        Sleep(100);
-        std::ifstream file(record, std::ios::binary);
-        said.assign(std::istreambuf_iterator<char>(file), {});
-    }
-    // It works beside its batch file, and the program's own folder comes first in the path.
-    wchar_t program[MAX_PATH] = L"";
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
-    const auto own = std::filesystem::path(program).parent_path().string();
-    EXPECT_NE(said.find("\\SYSTEM " + own + ";"), said.npos) << said;
-    EXPECT_TRUE(said.ends_with(" c:\\tolvarin\\USER\\PROD\\p10\\*.* a: /s\r\n")) << said;
-    std::filesystem::remove(record);
 }
 
 #endif
