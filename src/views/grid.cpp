@@ -73,7 +73,7 @@ void Grid::RemoveRow(int row) {
     cells_.erase(cells_.begin() + place);
     rowHeights_.erase(rowHeights_.begin() + place);
     Changed(Aspect::kShape);
-    if (row_ >= Rows()) SetCell(Rows() - 1, column_, Handlers::kNone);
+    if (row_ >= Rows()) SetCell(row_, column_, Handlers::kNone);
 }
 
 void Grid::SetCell(int row, int column, Handlers handlers) {

@@ -42,6 +42,7 @@ class Controls : public ::testing::Test, public Form {
         spin.onSpinUp = [this] { log += " up!"; };
         spin.onSpinDown = [this] { log += " down!"; };
         grid.onRowClick = [this] { log += " row!"; };
+        grid.onClick = [this] { log += " click!"; };
         grid.onMouseDown = [this] { log += " mouse!"; };
         grid.onCurrentCellChange = [this] {
             log += " " + std::to_string(grid.Row()) + std::to_string(grid.Column());
@@ -50,7 +51,8 @@ class Controls : public ::testing::Test, public Form {
     }
     void Press(int key, int shift) {
         if (KeyDown(key, shift)) return;
-        if (shift != 0 || !KeyPress(static_cast<char>(key))) log += " ~";
+        const bool character = shift == 0 && (std::isalnum(key) || key == kKeyBackspace);
+        if (!character || !KeyPress(static_cast<char>(key))) log += " ~";
     }
     void Keys(auto... keys) { (Press(keys, 0), ...); }
     void Held(int shift, auto... keys) { (Press(keys, shift), ...); }
@@ -63,16 +65,17 @@ class Controls : public ::testing::Test, public Form {
     }
 
     const test::TempDrives drives;
+    const bool floppy = (drives.MakeDir("a:"), true);  // before the list of drives is made
     ListBox lst{*this, "lst", ListBox::Order::kSorted};
     ComboBox list{*this, "list", ComboBox::Style::kListOnly};
     ComboBox edit{*this, "edit", ComboBox::Style::kEditField};
     DriveList drv{*this, "drv"};
     Grid grid{*this, "grid", 6000, 3000};
     OptionGroup group;
-    OptionButton one{*this, "one", "&One", group}, two{*this, "two", "&Two", group},
+    OptionButton one{*this, "one", "&Order", group}, two{*this, "two", "&Two", group},
         three{*this, "three", "T&hree", group};
     SpinButton spin{*this, "spin"};
-    CommandButton ok{*this, "ok", "OK"};
+    CommandButton ok{*this, "ok", "&OK"};
     string log;
 };
 
@@ -86,16 +89,18 @@ TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
         {[&] { Keys(kKeyUp, kKeyDown, kKeyPageUp, kKeyPageDown); }, " f! G! a! k!"},
         {[&] { Keys(kKeyEnd, kKeyHome, kKeyPageUp, kKeyLeft, kKeyRight); }, " m! a! b!"},
         {[&] { Keys('c', 'c', 'z'), Held(kAlt, kKeyUp); }, " C! ~"},
-        {[&] { lst.RemoveItem(0), lst.RemoveItem(9), Keys(kKeyDown); }, " d!"},
-        {[&] { lst.RemoveItem(2), lst.SetListIndex(99), Keys(kKeyDown); }, " b!"},
+        {[&] { lst.RemoveItem(0), lst.RemoveItem(9), lst.RemoveItem(99), Keys(kKeyDown); }, " d!"},
+        {[&] { lst.RemoveItem(2), log += std::to_string(lst.ListIndex()); }, "-1"},
+        {[&] { lst.SetListIndex(99), log += std::to_string(lst.ListIndex()); }, "-1"},
+        {[&] { Keys(kKeyDown); }, " b!"},
         // A text of its own stays when its entry goes; one of the list goes with it.
         {[&] { edit.SetText("own"), edit.RemoveItem(2), edit.SetListIndex(-1); }, " =own"},
         {[&] { edit.SetFocus(), edit.Select(1, 1), Keys('b'); }, " -lst edit =obn"},
         {[&] { list.RemoveItem(0), log = list.Text(), list.SetListIndex(1); }, " C!"},
         {[&] { list.RemoveItem(0), log = list.Text(), list.SetListIndex(-1); }, "C"},
         {[&] { log = list.Text(), list.SetFocus(), Keys('b'); }, " -edit list ~"},
-        {[&] { drv.Choose(1), drv.SetDrive("C:\\any"), drv.SetDrive("c:"); }, " -list drv d: c:"},
-        {[&] { drv.SetDrive("d"), drv.Choose(9), log += drv.Index() == 1 ? "!" : "?"; }, " d:!"},
+        {[&] { drv.Choose(2), drv.SetDrive("C:\\any"), drv.SetDrive("c:"); }, " -list drv d: c:"},
+        {[&] { drv.SetDrive("d"), drv.Choose(9), log += drv.Index() == 2 ? "!" : "?"; }, " d:!"},
         {[&] { grid.SetFocus(), Keys(kKeyDown, kKeyRight, kKeyRight); }, " -drv grid 21 22"},
         {[&] { Keys(kKeyPageDown, kKeyPageDown, kKeyHome, kKeyLeft); }, " 62 82 81"},
         {[&] { Keys(kKeyEnd, kKeyPageUp, kKeyUp), Held(kShift, kKeyUp); }, " 82 42 32 ~"},
@@ -103,6 +108,8 @@ TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
              grid.SetCell(99, -5), grid.AddRow({"", "new"}, 1);
          },
          " 80"},
+        {[&] { grid.AddRow({}, 0), log = grid.Text(1, 0) + grid.Text(2, 1), grid.RemoveRow(0); },
+         "new"},
         {[&] { log = grid.Text(1, 1) + grid.Text(9, 2), grid.RemoveRow(9); }, "newx"},
         {[&] { Keys(kKeyRight), grid.RemoveRow(1), grid.Scrolled(1, 0); }, " 81"},
         {[&] { Keys(kKeyPageUp), grid.SetCell(0, 99), grid.ClickCell(2, 3); }, " 61 02"},
@@ -124,6 +131,8 @@ TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
          " -three spin up! up! up! down! down! ~"},
         {[&] { spin.SetVisible(false), Keys(kKeyEnter, kKeyRight), ok.Press(); },
          " -spin ok ok! -ok lst -lst ok ok!"},
+        {[&] { Held(kAlt, 'O', 'O', 'T', 'X'), ok.SetFocus(); },
+         " -ok one one! -one ok ok! -ok two two! ~ -two ok"},
         {[&] { ok.SetEnabled(false), ok.Press(), Keys(kKeyUp); }, " -ok lst"},
         {[&] { Keys(kKeyF6, kKeyF6, kKeyF6), Held(kShift, kKeyF6, kKeyF6, kKeyF6); },
          " -lst list -list edit -edit lst -lst edit -edit list -list lst"},
@@ -134,7 +143,7 @@ TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
          " -lst edit =ob =obx"},
         {[&] { edit.Select(0, 0), Keys(kKeyBackspace), Held(kCtrl, 'A'), Keys('y'); }, " =y"},
         {[&] { drives.MakeDir("e:"), drv.SetDrive("e"); }, " e:"},
-        {[&] { drv.Choose(0), drv.Choose(0), drv.Choose(1); }, " -edit drv c: d:"},
+        {[&] { drv.Choose(1), drv.Choose(1), drv.Choose(2); }, " -edit drv c: d:"},
         {[&] { Keys(kKeyEscape), log += IsOpen() ? "?" : "closed"; }, "closed"}};
     for (const auto& [deeds, expected] : cases) {
         deeds();
@@ -144,8 +153,18 @@ TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
     EXPECT_THROW(grid.SetText(0, 3, ""), std::out_of_range);
     std::filesystem::remove(drives.Folder() / "d");
     drv.Refresh();
-    EXPECT_EQ(drv.Items(), (std::vector<string>{"c:", "d:", "e:"})) << "what is chosen stays";
-    for (const char* none : {"d:", "x:", ""}) EXPECT_THROW(drv.SetDrive(none), errors::FileError);
+    EXPECT_EQ(drv.Items(), (std::vector<string>{"a:", "c:", "d:", "e:"})) << "what is chosen stays";
+    for (const string none : {"d:", "x:", ""}) {
+        try {
+            drv.SetDrive(none), ADD_FAILURE() << none;
+        } catch (const errors::FileError& failure) {
+            log += string(" ") + failure.what();
+        }
+    }
+    EXPECT_EQ(
+        log,
+        " d: there is no such drive x: there is no such drive no drive: the path does not name "
+        "a drive");
     const Label unplaced(*this, "lblUnplaced", "");
     EXPECT_THROW(Open(), std::logic_error);
 }
