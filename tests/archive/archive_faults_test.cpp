@@ -84,7 +84,10 @@ TEST_F(ArchiveInMemory, LeavesNoHalfBackupAndTheOldOrTheNew) {
         }
         // What gets a name is on the disk before, and the name itself is after.
         EXPECT_EQ(order, restoring ? "flush flush rename rename flush " : "flush rename flush ");
-        for (const auto& [n, fault] : test::CasesOf(calls, false, 30)) {
+        const auto cases = test::CasesOf(calls, false, 30);
+        std::cout << (restoring ? "restore: " : "backup: ") << calls.size() << " calls, "
+                  << cases.size() << " cases\n";
+        for (const auto& [n, fault] : cases) {
             const string told = runWith(fault, n);
             const string after = calls.at(n - 1) + " " + string(fault.how) + " with " +
                                  std::to_string(fault.error) + ": " + told + "\n";

@@ -64,22 +64,6 @@ bool SetTextSize(int percent, bool) {
 
 #else
 
-wxString NameOf(const wxWindow* real) {
-    const char* name = atk_object_get_name(gtk_widget_get_accessible(real->GetHandle()));
-    return name == nullptr ? wxString() : wxString::FromUTF8(name);
-}
-
-wxString CellOf(const wxWindow* grid, int index) {
-    AtkObject* const table = gtk_widget_get_accessible(grid->GetHandle());
-    AtkObject* const cell = atk_object_ref_accessible_child(table, index);
-    char* const text = atk_text_get_text(ATK_TEXT(cell), 0, -1);
-    const auto all =
-        wxString::FromUTF8(atk_object_get_name(cell)) + " = " + wxString::FromUTF8(text);
-    g_free(text);
-    g_object_unref(cell);
-    return all;
-}
-
 bool SetTextSize(int percent, bool dark) {
     g_object_set(gtk_settings_get_default(), "gtk-xft-dpi", 96 * 1024 * percent / 100,
                  "gtk-application-prefer-dark-theme", dark, nullptr);
@@ -164,8 +148,10 @@ class Walk : public test::RealPlayer {
         test::Settle();
         wxWindow* const real = test::RealOf(plain);
         auto* const grid = dynamic_cast<wxGrid*>(real);
+#ifdef _WIN32  // on Linux tools/try-accessible asks, from another process
         const wxString name = NameOf(grid ? grid->GetGridWindow() : real);
         EXPECT_TRUE(!plain.TakesFocus() || !name.Strip(wxString::both).empty());
+#endif
         const wxSize needed = Needed(plain, *real);
         EXPECT_GE(real->GetSize().x, needed.x) << "cut off";
         EXPECT_GE(real->GetSize().y, needed.y) << "cut off";
@@ -210,9 +196,11 @@ class Walk : public test::RealPlayer {
         for (int row = 1; row < plain.Rows(); ++row) {
             for (int column = 0; column < plain.Columns(); ++column) {
                 const auto text = wxString(plain.Text(row, column)).Strip(wxString::both);
+#ifdef _WIN32
                 const auto heading = wxString(plain.Text(0, column)).Strip(wxString::both);
                 EXPECT_EQ(CellOf(grid.GetGridWindow(), row * plain.Columns() + column),
                           wxString::Format("%s, row %d = %s", heading, row, text));
+#endif
                 EXPECT_GT(column > 0 ? grid.GetColSize(column - 1) : grid.GetRowLabelSize(),
                           grid.GetTextExtent(text).x);
             }
