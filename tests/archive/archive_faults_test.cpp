@@ -30,11 +30,9 @@ class ArchiveFaults : public Archive {
         for (const Stored& stored : All()) EXPECT_TRUE(stored.whole) << after;
     }
     void CheckPlace(const string& after, bool done) {
-        int news = 0, olds = 0;
+        int olds = 0;
         for (const auto& entry : fs::directory_iterator(drives.Path("c:\\tolvarin\\USER\\PROD"))) {
-            const Tree tree = TreeIn(entry);
-            news += tree == before;
-            olds += tree == old;
+            olds += TreeIn(entry) == old;
         }
         const Tree now = Place();
         EXPECT_TRUE(now == before || now == old) << after;
@@ -70,8 +68,7 @@ TEST_F(ArchiveInMemory, LeavesNoHalfBackupAndTheOldOrTheNew) {
         std::vector<string> calls;
         const auto runWith = [&](const test::Fault& fault, std::size_t n) {
             restoring ? PrepareRestore() : PrepareBackup();
-            return test::RunWith(
-                fault, n, work, [] {}, calls);
+            return test::RunWith(fault, n, work, [] {}, calls);
         };
         // The first time of all, a process asks for more than later, such as the time zone.
         restoring ? PrepareRestore() : PrepareBackup();

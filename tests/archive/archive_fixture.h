@@ -82,12 +82,11 @@ class Archive : public ::testing::Test {
         EXPECT_TRUE(got == expected && found && all.find(part) != all.npos)
             << "line " << here.line() << ", " << static_cast<int>(got) << ": " << all;
     }
-    Outcome DoBackup(const string& words) {
+    Outcome DoBackup(const string& words = kPlace + "\\*.* d: /s") {
         std::istringstream stream(words);
         std::vector<string> list{std::istream_iterator<string>(stream), {}};
         return Ends([&] { return Backup(JobOf(list), telling); });
     }
-    Outcome DoBackup() { return DoBackup(kPlace + "\\*.* d: /s"); }
     Outcome DoRestore(const string& which, bool replace) {
         return Ends([&] { return Restore('d', which, replace, telling); });
     }

@@ -117,32 +117,21 @@ a=1|A=2|[Processes]|Process1=P|process2=p|[p]|Rapid=1|Colour=red|RAPID=2|[P]|Rap
   -> as [] and not be found again: it has a character that does not print; 3 warning byte 129 is no
   -> character: names and texts end in front of it or show a gap; 4 warning the accents are in
   -> UTF-8, of which the windows show two characters each
+[Processes]|Process1=P|[P]|Thickness1=3, 1, 900, 1|Thickness2=3, 1, 900, 1|Thickness3=4, 1, 0, 1 -> 5 note 3 mm does not lie
+  -> above the 3 mm before it; 6 note the feed rate is 0: nothing is cut
+[Processes]|Process1=P|[P]|Thickness1=3, .3, 900, 1|Thickness2=6, .2, 901, 1|Thickness3=8, .2, 900, 1 -> 5 note the feed rate
+  -> rises to 901 mm/min with the thickness; 5 note the pierce time falls to 0.2 s with the
+  -> thickness
+[Processes]|Process1=P|[P]|Thickness1=3, 1, 9000, 1|Thickness2=6, 2, 450, 1|Thickness3=12, 4, 2250, 1|Thickness4=24, 8, 1120, 1 ->
+  -> 5 note the feed rate 450 is off the course of its neighbours, by which it would be about 4500
+[Processes]|Process1=P|[P]|Thickness1=3, 1, 900, 1|Thickness2=6, 2, 4500, 1|Thickness3=12, 40, 2250, 1|Thickness4=24, 8, 1120, 1 ->
+  -> 4 note the feed rate 900 is off the course of its neighbours, by which it would be about 9000;
+  -> 6 note the pierce time 40 is off the course of its neighbours, by which it would be about 4
+[Processes]|Process1=P|[P]|Thickness1=3, 1, 9000, 1|Thickness2=6, 1.1, 4500, 1|Thickness3=12, 4, 2250, 1|Thickness4=24, 8, 1120, 1 ->
 )",
          [](const string& bytes, Findings& findings) {
              inspect::Tables tables;
              inspect::CheckProcesses("c:\\p", bytes, tables, findings);
-         });
-}
-
-// As a cutter sees it; what stands in a row is thickness, pierce time, feed rate.
-TEST(Check, WhatACutterWouldNotBelieve) {
-    Look(R"(
-Thickness1=3, 1, 900, 1|Thickness2=3, 1, 900, 1|Thickness3=4, 1, 0, 1 -> 5 note 3 mm does not lie
-  -> above the 3 mm before it; 6 note the feed rate is 0: nothing is cut
-Thickness1=3, .3, 900, 1|Thickness2=6, .2, 901, 1|Thickness3=8, .2, 900, 1 -> 5 note the feed rate
-  -> rises to 901 mm/min with the thickness; 5 note the pierce time falls to 0.2 s with the
-  -> thickness
-Thickness1=3, 1, 9000, 1|Thickness2=6, 2, 450, 1|Thickness3=12, 4, 2250, 1|Thickness4=24, 8, 1120, 1 ->
-  -> 5 note the feed rate 450 is off the course of its neighbours, by which it would be about 4500
-Thickness1=3, 1, 900, 1|Thickness2=6, 2, 4500, 1|Thickness3=12, 40, 2250, 1|Thickness4=24, 8, 1120, 1 ->
-  -> 4 note the feed rate 900 is off the course of its neighbours, by which it would be about 9000;
-  -> 6 note the pierce time 40 is off the course of its neighbours, by which it would be about 4
-Thickness1=3, 1, 9000, 1|Thickness2=6, 1.1, 4500, 1|Thickness3=12, 4, 2250, 1|Thickness4=24, 8, 1120, 1 ->
-)",
-         [](const string& bytes, Findings& findings) {
-             inspect::Tables tables;
-             inspect::CheckProcesses("c:\\p", "[Processes]\nProcess1=P\n[P]\n" + bytes, tables,
-                                     findings);
          });
 }
 

@@ -15,7 +15,7 @@
 #include "process/process_file.h"
 #include "process/process_table.h"
 #include "profile/write_key.h"
-#include "tests/support/source_files.h"
+#include "tests/support/script_text.h"
 #include "tests/support/temp_drives.h"
 #include "text/clean_text.h"
 

@@ -1,7 +1,7 @@
 // Where the ticks of an axis stand.
-#include <gtest/gtest.h>
-
 #include "report/axis.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -3,15 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <ctime>
 #include <filesystem>
-#include <memory>
 #include <regex>
 
 #include "app/sys_man.h"
 #include "platform/date_forms.h"
-#include "tests/support/fresh_system.h"
 #include "tests/support/script_text.h"
 #include "text/code_page.h"
 #include "text/strings.h"

@@ -1,7 +1,11 @@
 #include "tests/support/script_text.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <regex>
 
 #include "text/strings.h"
@@ -121,6 +125,12 @@ string Meant(std::string_view text) {
         }
     }
     return bytes;
+}
+
+string SourceFile(const string& path) {
+    std::ifstream file(SYSMAN_SOURCE_DIR "/" + path, std::ios::binary);
+    EXPECT_TRUE(file) << path;
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 }  // namespace test

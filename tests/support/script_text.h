@@ -1,4 +1,5 @@
 // The texts of scripts: how they are taken apart, and how a text of the system is shown in them.
+// Texts of the source that are compared with.
 #pragma once
 
 #include <string>
@@ -24,5 +25,8 @@ std::string LineChanges(const std::string& before, const std::string& after);
 
 // The bytes that a text in quotes stands for.
 std::string Meant(std::string_view text);
+
+// The bytes of a file, its path given from the root of the source; fails the test without it.
+std::string SourceFile(const std::string& path);
 
 }  // namespace test

@@ -3,15 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <random>
 
+#include "app/system_config.h"
+#include "materiallist/material_list_table.h"
+#include "materialtypes/material_type_table.h"
 #include "platform/drives.h"
 #include "platform/single_instance.h"
-#include "tests/support/fresh_system.h"
+#include "process/process_table.h"
 #include "text/code_page.h"
+#include "views/application.h"
 
 namespace test {
 namespace {
@@ -28,6 +31,14 @@ fs::path NewFolder() {
 }
 
 }  // namespace
+
+void FreshSystem() {
+    app::TheConfig() = {};
+    process::Shared() = {};
+    materialtypes::Shared() = {};
+    materiallist::Shared() = {};
+    views::ResetApplication();
+}
 
 TempDrives::TempDrives() : folder_(NewFolder()) {
     fs::create_directory(folder_ / "c");

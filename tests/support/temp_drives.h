@@ -7,6 +7,9 @@
 
 namespace test {
 
+// A system as it is at the start of a run.
+void FreshSystem();
+
 class TempDrives {
   public:
     // Begins a fresh system, maps the drive letters to the folder and gives the test a session of

@@ -157,12 +157,12 @@ click cmdPrint, click chkGroups, click chkTape, Enter -> paper: Quarvel for Wind
   -> Halcor.<11>Date <today> // Production Data // p10 directory // Components // <No files> //
   -> Nests // <No files> //; paper: Quarvel for Windows by Halcor.<11>Date <today> // Production
   -> Data // p20 directory // Components // 1.cmp<50>0   <today> // Nests // a<54>0   <today> //
-click cmdPrint, Esc ->
-write c:\tolvarin\USER\PROD\P20\NEST\nnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnn.nst '', click cmdPrint,
-click cmdCancel, click cmdPrint, click chkComp, click chkGroups, click chkTape, click cmdOK ->
-  -> paper: Quarvel for Windows by Halcor.<11>Date <today> // Production Data // p10 directory //
-  -> Nests // <No files> //; paper: Quarvel for Windows by Halcor.<11>Date <today> // Production
-  -> Data // p20 directory // Nests // a<54>0   <today> / n<46>.nst<5>0   <today> //
+click cmdPrint, Esc,
+write c:\tolvarin\USER\PROD\P20\NEST\nnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnn.nst '',
+click cmdPrint, click cmdCancel, click cmdPrint, click chkComp, click chkGroups, click chkTape,
+click cmdOK -> paper: Quarvel for Windows by Halcor.<11>Date <today> // Production Data // p10
+  -> directory // Nests // <No files> //; paper: Quarvel for Windows by Halcor.<11>Date <today> //
+  -> Production Data // p20 directory // Nests // a<54>0   <today> / n<46>.nst<5>0   <today> //
 )#");
 }
 
@@ -201,9 +201,9 @@ click optAllData, choose drvDest d:, click cmdOK -> optAllData on; drvDest "d:";
   -> c:\tolvarin\system\QVBACKUP.BAT -echo Backing Up Design Data to b:; -backup
   -> c:\tolvarin\USER\DESIGN\*.* b: /s; +echo Backing Up All Data to d:; +backup
   -> c:\tolvarin\USER\*.* d: /s
-click cmdCancel ->
-write a:\x '', click optProduction, choose lstDirectory p10, click cmdBackup -> "Quarvel Backup";
-  -> optSelectedDir; optSelectedDir on; drvDest {a:; b:; c:; d:}; drvDest "a:"; focus optSelectedDir
+click cmdCancel, write a:\x '', click optProduction, choose lstDirectory p10, click cmdBackup ->
+  -> "Quarvel Backup"; optSelectedDir; optSelectedDir on; drvDest {a:; b:; c:; d:}; drvDest "a:";
+  -> focus optSelectedDir
 click cmdOK -> focus cmdOK; box again; c:\tolvarin\system\QVBACKUP.BAT -echo Backing Up All Data to
   -> d:; -backup c:\tolvarin\USER\*.* d: /s; +echo Backing Up p10 to a:; +backup
   -> c:\tolvarin\USER\PROD\p10\*.* a: /s

@@ -4,7 +4,6 @@
 
 #include "materiallist/edit_material_list.h"
 #include "materiallist/enter_thickness.h"
-#include "tests/support/fresh_system.h"
 #include "tests/support/workshop.h"
 
 namespace {
