@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "commandline/commands.h"
+#include "tests/support/script_text.h"
 #include "tests/support/workshop.h"
 
 #ifndef _WIN32
@@ -131,35 +132,28 @@ TEST_F(CommandLine, HelpsWithEveryCommand) {
         Run({"--help"}) + Run({"uses", "process", "-h"}) + Run({"uses", "material", "-h"});
     for (const char* command : {"check", "uses", "report", "backup", "restore", "verify"})
         help += Run({command, "--help"});
-    for (const char* told :
-         {"0\nLooks over the data of the Quarvel nesting system.\n",
-          "--drive LETTER ",
-          " Tells what is wrong or doubtful: path:line: error, warning or note: text\n",
-          " Tells which material lists name something\n",
-          " A process\n",
-          " A material type\n",
-          " Its name, in any case\n",
-          " Its code, in any case\n",
-          " Show it in the browser, too\n",
-          " Show it in the browser then\n",
-          " The file to write, as HTML; may be left out with --open\n",
-          " Writes a page of all processes, materials and lists, to look at and to print\n",
-          " Only this drive, by its letter; more than once for more drives\n",
-          " Copies a folder to another drive, checked\n",
-          "\nquarvel-data backup SOURCE DESTINATION [/s] [--keep N]\n"
-          "SOURCE is everything in front of the last drive: c:/tolvarin/USER/PROD/my job/*.*\n"
-          "Another wild card than *.* chooses among the files of that folder itself.\n"
-          "DESTINATION is a drive: a: gets a:/QVBACKUP/DATE TIME NAME with the files as files.\n"
-          "  /s         with all folders below\n"
-          "  --keep N   deletes older whole backups of this folder until N are left\n"
-          "Ends with 0; with 1 where something is not in it as it was, which is told; with 2 where "
-          "there is no backup.\n",
-          " Lists the backups of a drive, or brings one back to where it came from\n",
-          " Reads a backup, or all of a drive, and compares it with its list\n",
-          " The drive with the backups: a:\n",
-          " Its number in the list, or its name\n",
-          " Also where something else stands; that is kept beside it under a name with the date\n"})
-        EXPECT_NE(help.find(told), help.npos) << told << help;
+    const std::regex drive("--drive LETTER "), blanks("[ \n]+");
+    EXPECT_EQ(std::distance(std::sregex_iterator(help.begin(), help.end(), drive), {}), 4);
+    const string texts = R"(
+0 Looks over the data of the Quarvel nesting system. | BACKUP TEXT | CODE TEXT | NAME TEXT |
+DESTINATION TEXT | FILE TEXT | Show it in the browser, too | Show it in the browser then |
+Tells what is wrong or doubtful: path:line: error, warning or note: text | A process | A material type |
+Tells which material lists name something | Its name, in any case | Its code, in any case |
+Writes a page of all processes, materials and lists, to look at and to print | Its number in the list,
+or its name | The file to write, as HTML; may be left out with --open | The drive with the backups: a: |
+Only this drive, by its letter; more than once for more drives | Copies a folder to another drive,
+checked | quarvel-data backup SOURCE DESTINATION [/s] [--keep N] SOURCE is everything in front of the
+last drive: c:/tolvarin/USER/PROD/my job/*.* Another wild card than *.* chooses among the files of that
+folder itself. DESTINATION is a drive: a: gets a:/QVBACKUP/DATE TIME NAME with the files as files. /s
+with all folders below --keep N deletes older whole backups of this folder until N are left Ends with 0;
+with 1 where something is not in it as it was, which is told; with 2 where there is no backup. |
+Lists the backups of a drive, or brings one back to where it came from | Reads a backup, or all of a
+drive, and compares it with its list | Also where something else stands; that is kept beside it under a
+name with the date)";
+    help = " " + std::regex_replace(help, blanks, " ") + " ";
+    for (const string& told : test::Split(std::regex_replace(texts, blanks, " "), '|')) {
+        EXPECT_NE(help.find(" " + told + " "), help.npos) << told << help;
+    }
 }
 
 #ifndef _WIN32

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "directories/backup.h"
+#include "errors/errors.h"
 #include "platform/files.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_drives.h"
@@ -45,6 +46,8 @@ TEST(Terminal, RunsTheWordsOfTheBatchFile) {
         EXPECT_EQ(said, first + words);
         std::filesystem::remove(drives.Path("c:\\said"));
     }
+    drives.Write("d:\\bin\\xdg-terminal-exec", "#!/nowhere/sh");
+    EXPECT_THROW(platform::StartBatchFile(batch), errors::FileError);
     for (const char* none : {"", "@echo off\r\nbackup\r\n", "rem backup c:\\a a:"}) {
         drives.Write(batch, none);
         EXPECT_FALSE(platform::StartBatchFile(batch)) << none;
