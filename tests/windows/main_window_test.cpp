@@ -13,8 +13,9 @@ using test::Play;
 TEST(MainWindow, ListsTheDirectoriesOfTheDriveThatIsChosen) {
     Play(R"#(
 write c:\tolvarin\USER\PROD\ Notes.TXT 'x' -> "Quarvel System Manager - 2.03"; SysMan resizable;
-  -> drvList {c:; d:}; drvList "c:"; optDesign on; lstDirectory 32x14; lstDirectory {plates};
-  -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus lstDirectory
+  -> drvList {c:; d:}; drvList "c:"; optDesign on; lstDirectory 32x14; says Directories;
+  -> lstDirectory {plates}; lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus
+  -> lstDirectory
 choose lstDirectory plates -> lstDirectory "plates"; cmdDelete; cmdPrint
 click optProduction -> optProduction on; lstDirectory {notes.txt; p10}; lstDirectory "";
   -> (cmdDelete); (cmdPrint); focus optProduction
@@ -50,8 +51,8 @@ write c:\WINDOWS\NestCfg32.INI '[System]\r\nNestRootDir= \Plant A \r\nNestHomeDr
 write d:\plant a\SYSTEM\nest.ini '[userinfo]\nusernumber=123\n',
 write d:\plant a\network\USER12\nestuser.ini '; kept\n[SystemManager]\nCurrentSysManDrive=C:\n',
 write c:\plant a\user\design\Job\x 'x' -> "Quarvel System Manager - 2.03"; SysMan resizable; drvList
-  -> {c:; d:}; drvList "c:"; optDesign on; lstDirectory 32x14; lstDirectory {job}; lstDirectory "";
-  -> (cmdMaterial); (cmdDelete); (cmdPrint); focus lstDirectory
+  -> {c:; d:}; drvList "c:"; optDesign on; lstDirectory 32x14; says Directories; lstDirectory {job};
+  -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus lstDirectory
 no, choose drvList d: -> drvList "d:"; lstDirectory {}; focus drvList; box Yes/No "No Nest data on
   -> d:\nWould you like to make d: a Nest data drive?"
 close -> d:\plant a\network\USER12\nestuser.ini -CurrentSysManDrive=C:\n; +CurrentSysManDrive=d:\n;

@@ -26,11 +26,12 @@ TEST_F(MaterialListWindow, LooksAroundAndTypesIntoTheGrid) {
 click optProduction, choose lstDirectory p10,
 write c:\tolvarin\USER\PROD\P10\MATERIAL.DAT '[Mat1]\nType=MS\nThickness=30\nProcess=plasma\n[Mat2]\nType=XX\nThickness=-5\nProcess=OXY FUEL\n[Mat3]\nType=YY\nThickness=30\nProcess=Plas',
 click cmdMaterial -> "Edit c:\tolvarin\user\prod\p10\material.dat List"; frmEditMaterialList
-  -> resizable; row 0: Index | Material Type Code | Process Name | Thickness (mm); row 1: 1 | MS |
-  -> plasma | 25; row 2: 2 | XX | OXY FUEL | 0; row 3: 3 | YY | Plas | 30; 1050 twips high, wide
-  -> 1125n 2375 2375 2375n; at 1 1; marked; cboEditDataType {MS; Ss316; SS304; Wear 400};
-  -> cboEditDataType "MS"; no cboEditDataProcess; cboEditDataProcess {Plasma; Oxy Fuel; Water};
-  -> cboEditDataProcess ""; no txtSpinText; txtSpinText ""; no spinButton; (cmdCopy); (cmdPaste);
+  -> resizable; says Material list; row 0: Index | Material Type Code | Process Name | Thickness
+  -> (mm); row 1: 1 | MS | plasma | 25; row 2: 2 | XX | OXY FUEL | 0; row 3: 3 | YY | Plas | 30;
+  -> 1050 twips high, wide 1125n 2375 2375 2375n; at 1 1; marked; says Material; cboEditDataType
+  -> {MS; Ss316; SS304; Wear 400}; cboEditDataType "MS"; says Process; no cboEditDataProcess;
+  -> cboEditDataProcess {Plasma; Oxy Fuel; Water}; cboEditDataProcess ""; says Thickness; no
+  -> txtSpinText; txtSpinText ""; says Thickness steps; no spinButton; (cmdCopy); (cmdPaste);
   -> (cmdDelete); chkAllowKerfCompensated on; chkNestClearanceCheck off; chkTracePlate off;
   -> chkPrePierceEnabled off; txtMinPlateThickness 8x0; (txtMinPlateThickness); txtMinPlateThickness
   -> "0.5"; focus grdMaterialList
@@ -209,12 +210,13 @@ TEST_F(MaterialListWindow, OptionsAreSavedByThemselves) {
 click optProduction, choose lstDirectory p10, click cmdMaterial, close -> ...
 write c:\tolvarin\network\user1\nestuser.ini '[NEST]\r\nAllowKerfProg=on\r\nNestCheck=-1\r\ntracePlateOUTLINE=7\r\nPrePiercingEnabled=.1x\r\nPrePiercingThickness=-5\r\n',
 protect c:\tolvarin\USER\PROD\P10\MATERIAL.DAT, click cmdMaterial -> "Edit
-  -> c:\tolvarin\user\prod\p10\material.dat List"; frmEditMaterialList resizable; row 0: Index |
-  -> Material Type Code | Process Name | Thickness (mm); row 1: 1 | MS | Plasma | 10; row 2: 2 |
-  -> SS304 | Oxy Fuel | 12.5; 1050 twips high, wide 1125n 2375 2375 2375n; at 1 1; marked;
-  -> cboEditDataType {MS; Ss316; SS304; Wear 400}; cboEditDataType "MS"; no cboEditDataProcess;
-  -> cboEditDataProcess {Plasma; Oxy Fuel; Water}; cboEditDataProcess ""; no txtSpinText;
-  -> txtSpinText ""; no spinButton; (cmdCopy); (cmdPaste); (cmdDelete); chkAllowKerfCompensated off;
+  -> c:\tolvarin\user\prod\p10\material.dat List"; frmEditMaterialList resizable; says Material
+  -> list; row 0: Index | Material Type Code | Process Name | Thickness (mm); row 1: 1 | MS | Plasma
+  -> | 10; row 2: 2 | SS304 | Oxy Fuel | 12.5; 1050 twips high, wide 1125n 2375 2375 2375n; at 1 1;
+  -> marked; says Material; cboEditDataType {MS; Ss316; SS304; Wear 400}; cboEditDataType "MS"; says
+  -> Process; no cboEditDataProcess; cboEditDataProcess {Plasma; Oxy Fuel; Water};
+  -> cboEditDataProcess ""; says Thickness; no txtSpinText; txtSpinText ""; says Thickness steps; no
+  -> spinButton; (cmdCopy); (cmdPaste); (cmdDelete); chkAllowKerfCompensated off;
   -> chkNestClearanceCheck on; chkTracePlate on; chkPrePierceEnabled on; txtMinPlateThickness 8x0;
   -> txtMinPlateThickness "0"; focus grdMaterialList
 click chkAllowKerfCompensated, yes, close -> box Yes/No none "Save Material List file" "<9>Save

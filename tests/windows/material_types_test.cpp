@@ -8,9 +8,9 @@ namespace {
 
 TEST(MaterialTypesWindow, LooksAroundAndTakesWhatIsTyped) {
     test::Play(R"(
-click cmdSysMaterial -> "Edit Material Types"; frmEditMaterialTypes resizable; row 0: Code |
-  -> Description | Density; row 1: MS | Mild steel | 7.85; row 2: SS304 | Stainless | 0.5; 720 twips
-  -> high, wide 1100 2200 1100n; at 1 1; txtEditData "Mild steel"; (cmdDelete); focus
+click cmdSysMaterial -> "Edit Material Types"; frmEditMaterialTypes resizable; says Material types;
+  -> row 0: Code | Description | Density; row 1: MS | Mild steel | 7.85; row 2: SS304 | Stainless |
+  -> 0.5; 720 twips high, wide 1100 2200 1100n; at 1 1; txtEditData "Mild steel"; (cmdDelete); focus
   -> grdMaterialTypes
 Tab, Tab -> at 1 2; marked; txtEditData "7.85"; cmdDelete
 Shift+Tab, Enter, Enter -> at 2 1; txtEditData "Stainless"
@@ -59,10 +59,10 @@ click 1 2, write c:\tolvarin\system\mattypes.dat '' -> at 1 2; txtEditData "7.8"
 TEST(MaterialTypesWindow, TypesAreAddedAndDeletedUpToSixty) {
     test::Play(R"(
 remove c:\tolvarin\system\mattypes.dat, click cmdSysMaterial -> "Edit Material Types";
-  -> frmEditMaterialTypes resizable; row 0: Code | Description | Density; row 1: - | - | -; 720
-  -> twips high, wide 1100 2200 1100n; at 1 1; (txtEditData); txtEditData ""; (cmdDelete); focus
-  -> grdMaterialTypes; beep; box "Error in loading MATTYPES.DAT" "File MATTYPES.DAT not found\rin
-  -> c:\tolvarin\SYSTEM\"
+  -> frmEditMaterialTypes resizable; says Material types; row 0: Code | Description | Density; row
+  -> 1: - | - | -; 720 twips high, wide 1100 2200 1100n; at 1 1; (txtEditData); txtEditData "";
+  -> (cmdDelete); focus grdMaterialTypes; beep; box "Error in loading MATTYPES.DAT" "File
+  -> MATTYPES.DAT not found\rin c:\tolvarin\SYSTEM\"
 click 1 0, click 1 2, 'x', Enter -> at 1 2
 click cmdAdd -> "Add Material Type"; frmAddMaterialTypes; txtAddMaterial 32x0; txtAddMaterial "";
   -> focus txtAddMaterial
@@ -101,9 +101,9 @@ yes, Alt+D -> row 7: M8 | - | 0; row 8: M9 | - | 0; row 9: M10 | - | 0; row 10: 
 click cmdAdd, 'm61', Enter -> row 60: M61 | - | 0; at 60 1; cmdDelete
 no, close -> box again "Material Types Save"
 write c:\tolvarin\system\mattypes.dat '[Materials]\nMat1=M\x01S\nMat2=x\n[M\x01S]\nDescription=a\x01b',
-click cmdSysMaterial, click 2 2, yes, click cmdDelete, no, Esc, click cmdSysMaterial, click 1 2, '0.5',
-yes, Esc -> box again "Deleting Material Type" ..x..; box again "Material Types Save"; box again
-  -> "Material Types Save"; c:\tolvarin\system\mattypes.dat -[Materials]\n; -Mat1=M\x01S\n;
+click cmdSysMaterial, click 2 2, yes, click cmdDelete, no, Esc, click cmdSysMaterial, click 1 2,
+'0.5', yes, Esc -> box again "Deleting Material Type" ..x..; box again "Material Types Save"; box
+  -> again "Material Types Save"; c:\tolvarin\system\mattypes.dat -[Materials]\n; -Mat1=M\x01S\n;
   -> -Mat2=x\n; -[M\x01S]\n; -Description=a\x01b<no end>; +;..; +;..; +\r; +;..; +\r; +[Materials];
   -> +Mat1=M<31>; +Mat2=x<31>; +\r; +[M]; +Description=a<49>; +Density=.5; +\r; +[x];
   -> +Description=<50>; +Density=0

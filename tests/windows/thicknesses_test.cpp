@@ -10,10 +10,10 @@ namespace {
 TEST(ThicknessWindow, LooksAroundAndTakesWhatIsTyped) {
     test::Play(R"(
 click cmdSysProcess, Alt+P, 'New', choose cboCopy Plasma, Alt+O, Alt+H -> "Thickness Data for
-  -> Process New<61>"; frmThicknessData resizable; row 0: Thickness<9>(mm) | Pierce Time (secs) |
-  -> Feed Rate (mm/min) | Leadin Length (mm) | Nozzle Size (mm); row 1: 3 | 0.1 | 6400 | 4 | 1.5;
-  -> row 2: 25 | 2 | 550 | 12 | 1.5; 600 twips high, wide 1620n 1620n 1620n 1620n 1620n; at 1 1;
-  -> txtEditData "0.1"; focus grdThicknessData
+  -> Process New<61>"; frmThicknessData resizable; says Thicknesses; row 0: Thickness<9>(mm) |
+  -> Pierce Time (secs) | Feed Rate (mm/min) | Leadin Length (mm) | Nozzle Size (mm); row 1: 3 | 0.1
+  -> | 6400 | 4 | 1.5; row 2: 25 | 2 | 550 | 12 | 1.5; 600 twips high, wide 1620n 1620n 1620n 1620n
+  -> 1620n; at 1 1; txtEditData "0.1"; focus grdThicknessData
 Tab, Tab, Tab, Tab, Enter, Enter -> at 2 4; marked; txtEditData "1.5"
 Up, Shift+Tab, 'x-' -> at 1 3; txtEditData "4"
 PageDown, End, Down, Right, Up, Down, Ctrl+Left, Home -> at 2 1; txtEditData "2"
