@@ -80,7 +80,13 @@ TEST_F(ArchiveInMemory, LeavesNoHalfBackupAndTheOldOrTheNew) {
             order += call == "FlushFileBuffers" ? "flush " : call == "MoveFileExW" ? "rename " : "";
         }
         // What gets a name is on the disk before, and the name itself is after.
-        EXPECT_EQ(order, restoring ? "flush flush rename rename flush " : "flush rename flush ");
+#ifdef _WIN32  // where files are flushed, and folders have no need of it
+        const char* const orders[] = {"flush flush flush rename ",
+                                      "flush flush rename rename rename rename "};
+#else
+        const char* const orders[] = {"flush rename flush ", "flush flush rename rename flush "};
+#endif
+        EXPECT_EQ(order, orders[restoring]);
         const auto cases = test::CasesOf(calls, false, 30);
         std::cout << (restoring ? "restore: " : "backup: ") << calls.size() << " calls, "
                   << cases.size() << " cases\n";

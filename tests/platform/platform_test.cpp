@@ -4,6 +4,7 @@
 
 #include <fstream>
 #include <functional>
+#include <set>
 #include <tuple>
 
 #include "errors/errors.h"
@@ -28,11 +29,15 @@ using Names = std::vector<std::string>;
 constexpr auto kNoFile = Kind::kFileNotFound, kNoPath = Kind::kPathNotFound,
                kRefused = Kind::kPathFileAccess, kNothing = Kind::kOther;
 
+// What failures have said.
+std::set<std::string> g_reasons;
+
 // How an operation fails; kNothing when it doesn't.
 Kind KindOf(const std::function<void()>& operation) {
     try {
         operation();
     } catch (const errors::FileError& failure) {
+        g_reasons.insert(failure.Reason());
         return failure.Kind();
     }
     return kNothing;
@@ -78,6 +83,11 @@ TEST_F(Files, FailInTheirKinds) {
             EXPECT_EQ(KindOf([&] { operation(path); }), kind) << path;
         }
     }
+    for (const char* own :
+         {"exists already", "no file matches", "no such directory", "no file of that name",
+          "the path does not name a drive", "there is no such drive",
+          "the directory that it belongs in is missing"})
+        EXPECT_TRUE(g_reasons.contains(own)) << ::testing::PrintToString(g_reasons);
     EXPECT_EQ(drives.Read("c:\\a.txt") + drives.Read("c:\\job\\kept.txt"), "newold");
     EXPECT_EQ(drives.Count("c:\\job") + drives.Count("c:\\"), 10);
     EXPECT_TRUE(drives.Exists("c:\\Job M\xFCller\\sub"));
@@ -94,6 +104,7 @@ TEST_F(Files, WithNamesThatDifferInCaseOnlyAreNeverGuessed) {
     // Even the exact spelling: what is shown in lower case may mean the other.
     EXPECT_EQ(KindOf([] { Folder("c:").Sub("job"); }), kRefused);
     EXPECT_EQ(KindOf([] { Folder("c:").RmDir("job"); }), kRefused);
+    EXPECT_TRUE(g_reasons.contains("more than one name matches"));
     // Left out are names that cannot be addressed.
     for (const char* name : {"\xCE\xA9", "bad\xFFname", "sub\\dir", "a:b", "end.", "CON"}) {
         std::ofstream(drives.Path("c:\\job") / name);
@@ -163,6 +174,8 @@ TEST(DateForms, FollowTheLanguage) {
         cases.push_back({"", "17.11.2026 14:05:09"});
     }
 #endif
+    EXPECT_EQ(SystemDateText(L"1\u202F2\u20093\u00A04\u200E5\u200F6"), "1 2 3 456");
+    EXPECT_EQ(SystemDateText(L"1\u0416"), "");
     std::tm time = {};
     time.tm_year = 126, time.tm_mon = 10, time.tm_mday = 17;
     time.tm_hour = 14, time.tm_min = 5, time.tm_sec = 9;

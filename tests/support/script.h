@@ -23,11 +23,11 @@
 // The line behind one that has ended the program starts it again.
 //
 // What has changed, since the window was last shown: "caption" with name and sizes (in characters,
-// of a grid in twips, n for numbers); focus NAME; cmdAdd or (cmdAdd) for
-// enabled or not; no NAME for what is hidden; [..] for a text that is selected; {a; b} for the
-// entries of a list; of a grid its rows, the current cell and which ones are marked; beep and box
-// for what was said; and of each file the lines that went (-) and came (+), an end of line shown
-// only where it is not CR LF.
+// of a grid in twips, n for numbers) and what a screen reader says of fields without a caption;
+// focus NAME; cmdAdd or (cmdAdd) for enabled or not; no NAME for what is hidden; [..] for a text
+// that is selected; {a; b} for the entries of a list; of a grid its rows, the current cell and
+// which ones are marked; beep and box for what was said; and of each file the lines that went (-)
+// and came (+), an end of line shown only where it is not CR LF.
 #pragma once
 
 #include <deque>
