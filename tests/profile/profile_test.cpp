@@ -224,13 +224,4 @@ TEST(DataFiles, TextsAreCutToTheirFields) {
     for (const auto& [file, lines] : cases) EXPECT_NE(file.find(lines), string::npos) << file;
 }
 
-// The smallest counts from 0 down and the largest from 0 up.
-TEST(DataFiles, RangesOfThicknesses) {
-    process::ProcessTable table;
-    ReadProcessRanges(Profile("[Processes]\nProcess1=A\n[A]\nThickness1=-4mm\nThickness2=-1, 9\n"
-                              "Thickness3=2\nThickness4=1\nThickness6=9"),
-                      table);
-    EXPECT_EQ(table.ProcessThicknessMin[0] * 10 + table.ProcessThicknessMax[0], -38);
-}
-
 }  // namespace

@@ -8,7 +8,6 @@
 #include "views/basic_controls.h"
 #include "views/form.h"
 #include "views/grid.h"
-#include "views/grid_cells.h"
 #include "views/keys.h"
 #include "views/lists.h"
 
@@ -56,10 +55,6 @@ class Controls : public ::testing::Test, public Form {
     }
     void Keys(auto... keys) { (Press(keys, 0), ...); }
     void Held(int shift, auto... keys) { (Press(keys, shift), ...); }
-    void Keep(int distance) {
-        KeepRowInView(grid, distance);
-        log += " from " + std::to_string(grid.TopRow());
-    }
     static void Fill(ListBox& box, std::string_view items) {
         for (char item : items) box.AddItem({&item, 1});
     }
@@ -112,11 +107,6 @@ TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
         {[&] { Keys(kKeyPageUp), grid.SetCell(0, 99), grid.ClickCell(2, 3); }, " 61 02"},
         {[&] { Held(kCtrl, kKeySpace), grid.ClickCell(2, 0), Held(kCtrl, kKeySpace); },
          " mouse! 21 row! row!"},
-        // Rows beyond the sixth are scrolled to when they are far enough.
-        {[&] { grid.SetShape(6, 3, 1, 1), grid.SetCell(5, 1), Keep(1); }, " 51 from 1"},
-        {[&] { grid.SetShape(7, 3, 1, 1), grid.SetCell(6, 1), Keep(6), Keep(5); },
-         " 61 from 1 from 6"},
-        {[&] { grid.SetCell(5, 1), Keep(6), grid.Scrolled(4, 4), Keep(6); }, " 51 from 5 from 4"},
         // Of a group Tab stops at the one that is set, else at the first that can be.
         {[&] { one.SetEnabled(false), Keys(kKeyTab, kKeyTab), Held(kShift, kKeyTab); },
          " -grid two -two spin -spin two"},

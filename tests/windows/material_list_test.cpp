@@ -269,7 +269,7 @@ TEST_F(MaterialListWindow, TheRowInView) {
     materiallist::FrmEditMaterialList window;
     window.Open();
     views::Grid& grid = window.grdMaterialList;
-    grid.SetShape(31, 4, 1, 1);
+    grid.SetShape(7, 4, 1, 1);
     for (const auto& [row, top] : {std::pair{5, 1}, {6, 6}, {5, 5}}) {
         grid.SetCell(row, 1);
         EXPECT_EQ(grid.TopRow(), top) << row;
