@@ -27,7 +27,9 @@ class OpenFiles : public ::testing::EmptyTestEventListener {
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
+#ifndef _WIN32
     ::testing::UnitTest::GetInstance()->listeners().Append(new OpenFiles);
+#endif
     std::setlocale(LC_ALL, "");
     test::MakePlayer() = [] { return std::make_unique<test::PlainPlayer>(); };
     return RUN_ALL_TESTS();
