@@ -29,15 +29,16 @@ using Kind = views::Control::Kind;
 #ifdef _WIN32
 
 // What an aid is told over the platform's interface: of the window, or of a part of it.
-IAccessible* Told(const wxWindow* real) {
+IAccessible* AidHears(const wxWindow* real) {
     void* found = nullptr;
     const HWND window = static_cast<HWND>(real->GetHandle());
     ::AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, &found);
     return static_cast<IAccessible*>(found);
 }
 
-wxString Told(const wxWindow* real, HRESULT (IAccessible::*what)(VARIANT, BSTR*), long part = 0) {
-    IAccessible* const told = Told(real);
+wxString AidHears(const wxWindow* real, HRESULT (IAccessible::*what)(VARIANT, BSTR*),
+                  long part = 0) {
+    IAccessible* const told = AidHears(real);
     BSTR text = nullptr;
     VARIANT self = {};
     self.vt = VT_I4;
@@ -140,7 +141,8 @@ class Walk : public test::RealPlayer {
         wxWindow* const real = test::RealOf(plain);
         auto* const grid = dynamic_cast<wxGrid*>(real);
 #ifdef _WIN32  // on Linux tools/try-accessible asks, from another process
-        const wxString name = Told(grid ? grid->GetGridWindow() : real, &IAccessible::get_accName);
+        const wxString name =
+            AidHears(grid ? grid->GetGridWindow() : real, &IAccessible::get_accName);
         EXPECT_TRUE(!plain.TakesFocus() || !name.Strip(wxString::both).empty());
 #endif
         const wxSize needed = Needed(plain, *real);
@@ -190,9 +192,9 @@ class Walk : public test::RealPlayer {
 #ifdef _WIN32
                 const auto heading = wxString(plain.Text(0, column)).Strip(wxString::both);
                 const long cell = row * plain.Columns() + column + 1;
-                EXPECT_EQ(Told(grid.GetGridWindow(), &IAccessible::get_accName, cell),
+                EXPECT_EQ(AidHears(grid.GetGridWindow(), &IAccessible::get_accName, cell),
                           wxString::Format("%s, row %d", heading, row));
-                EXPECT_EQ(Told(grid.GetGridWindow(), &IAccessible::get_accValue, cell), text);
+                EXPECT_EQ(AidHears(grid.GetGridWindow(), &IAccessible::get_accValue, cell), text);
 #endif
                 EXPECT_GT(column > 0 ? grid.GetColSize(column - 1) : grid.GetRowLabelSize(),
                           grid.GetTextExtent(text).x);

@@ -47,8 +47,16 @@ inline std::string Seed() {
     return chosen != nullptr ? chosen : "1";
 }
 
-// What can go wrong in these calls: each is refused, a change of name for every reason, and of all
-// else there are so many cases at the most.
+// What reaches the disk and gets its name, in order: "flush rename ".
+inline std::string OrderOf(const std::vector<std::string>& calls) {
+    std::string order;
+    for (const auto& call : calls)
+        order += call == "FlushFileBuffers" ? "flush " : call == "MoveFileExW" ? "rename " : "";
+    return order;
+}
+
+// What can go wrong in these calls: each is refused, a change of name for every reason and also
+// done and reported as failed, and of all else there are so many cases at the most.
 inline std::vector<Case> CasesOf(const std::vector<std::string>& calls, bool overtaken,
                                  std::size_t most) {
     std::vector<Case> cases;
@@ -63,7 +71,9 @@ inline std::vector<Case> CasesOf(const std::vector<std::string>& calls, bool ove
     std::shuffle(cases.begin(), cases.end(), random);
     const auto always = [&](const Case& one) {
         const bool every = calls[one.n - 1] == "MoveFileExW";
-        return one.fault.how == "refused" && (every || one.fault.error == kErrors[1]);
+        const bool refused = one.fault.how == "refused";
+        return every ? refused || one.fault.how == "done"
+                     : refused && one.fault.error == kErrors[1];
     };
     const auto rest = std::stable_partition(cases.begin(), cases.end(), always);
     const auto taken = static_cast<std::size_t>(rest - cases.begin()) + most;

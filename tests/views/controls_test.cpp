@@ -129,7 +129,7 @@ TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
         {[&] { edit.SetFocus(), edit.Select(9, 0), Keys(kKeyBackspace, 'x'); },
          " -lst edit =ob =obx"},
         {[&] { edit.Select(0, 0), Keys(kKeyBackspace), Held(kCtrl, 'A'), Keys('y'); }, " =y"},
-        {[&] { drives.MakeDir("e:"), drv.SetDrive("e"); }, " e:"},
+        {[&] { drives.MakeDir("z:"), drv.SetDrive("z"); }, " z:"},
         {[&] { drv.Choose(1), drv.Choose(1), drv.Choose(2); }, " -edit drv c: d:"},
         {[&] { Keys(kKeyEscape), log += IsOpen() ? "?" : "closed"; }, "closed"}};
     for (const auto& [deeds, expected] : cases) {
@@ -140,7 +140,7 @@ TEST_F(Controls, ListsAndGridsMoveByKeysAndStayInside) {
     EXPECT_THROW(grid.SetText(0, 3, ""), std::out_of_range);
     std::filesystem::remove(drives.Folder() / "d");
     drv.Refresh();
-    EXPECT_EQ(drv.Items(), (std::vector<string>{"a:", "c:", "d:", "e:"})) << "what is chosen stays";
+    EXPECT_EQ(drv.Items(), (std::vector<string>{"a:", "c:", "d:", "z:"})) << "what is chosen stays";
     for (const string none : {"d:", "x:", ""}) {
         try {
             drv.SetDrive(none), ADD_FAILURE() << none;

@@ -62,6 +62,9 @@ remove c:\WINDOWS\NestCfg32.INI, write c:\WINDOWS\NESTCFG.INI '[System]\nNestRoo
 )#");
     const test::Workshop workshop;
     const platform::SingleInstance other;
+    platform::SingleInstance::Suffix() += "of another session";
+    EXPECT_FALSE(platform::SingleInstance().AnotherIsRunning());
+    platform::SingleInstance::Suffix() = workshop.Folder().filename().string();
     test::Play(workshop, R"#(
 -> box "Quarvel System Manager is already running"; ended 0
 )#");
