@@ -55,9 +55,10 @@ void Look(const string& cases, const Check& check) {
 
 TEST(Check, Processes) {
     Look(R"(
-[Processes]|Process1=P|[P]|Rapid=7,85|LineMarkRate=7,x|AddKerf=on|LeadoutOverrun=2.5 -> 4 warning
-  -> Rapid=7,85 reads as 7: decimals stand behind a point; 6 warning AddKerf=on reads as 0: it does
-  -> not begin with a number; 7 note LeadoutOverrun=2.5 reads as 2
+[Processes]|Process1=P|[P]|Rapid=7,85|LineMarkRate=7,x|AddKerf=on|LeadoutOverrun=2.5|LeadoutPercent=2,5 ->
+  -> 4 warning Rapid=7,85 reads as 7: decimals stand behind a point; 6 warning AddKerf=on reads as
+  -> 0: it does not begin with a number; 7 note LeadoutOverrun=2.5 reads as 2; 8 warning
+  -> LeadoutPercent=2,5 reads as 2: decimals stand behind a point
 [Processes]|Process1=P|[P]|Rapid=1e39|LeadoutPercent=32768|LeadoutOverrun=-32768 -> 4 warning
   -> Rapid=1e39 reads as 3.402823E+38, the largest number; 5 error LeadoutPercent=32768 is outside
   -> -32768 to 32767: the file cannot be opened
@@ -117,11 +118,11 @@ a=1|A=2|[Processes]|Process1=P|process2=p|[p]|Rapid=1|Colour=red|RAPID=2|[P]|Rap
   -> as [] and not be found again: it has a character that does not print; 3 warning byte 129 is no
   -> character: names and texts end in front of it or show a gap; 4 warning the accents are in
   -> UTF-8, of which the windows show two characters each
-[Processes]|Process1=P|[P]|Thickness1=3, 1, 900, 1|Thickness2=3, 1, 900, 1|Thickness3=4, 1, 0, 1 -> 5 note 3 mm does not lie
-  -> above the 3 mm before it; 6 note the feed rate is 0: nothing is cut
-[Processes]|Process1=P|[P]|Thickness1=3, .3, 900, 1|Thickness2=6, .2, 901, 1|Thickness3=8, .2, 900, 1 -> 5 note the feed rate
-  -> rises to 901 mm/min with the thickness; 5 note the pierce time falls to 0.2 s with the
-  -> thickness
+[Processes]|Process1=P|[P]|Thickness1=3, 1, 900, 1|Thickness2=3, 1, 900, 1|Thickness3=4, 1, 0, 1 ->
+  -> 5 note 3 mm does not lie above the 3 mm before it; 6 note the feed rate is 0: nothing is cut
+[Processes]|Process1=P|[P]|Thickness1=3, .3, 900, 1|Thickness2=6, .2, 901, 1|Thickness3=8, .2, 900, 1 ->
+  -> 5 note the feed rate rises to 901 mm/min with the thickness; 5 note the pierce time falls to
+  -> 0.2 s with the thickness
 [Processes]|Process1=P|[P]|Thickness1=3, 1, 9000, 1|Thickness2=6, 2, 450, 1|Thickness3=12, 4, 2250, 1|Thickness4=24, 8, 1120, 1 ->
   -> 5 note the feed rate 450 is off the course of its neighbours, by which it would be about 4500
 [Processes]|Process1=P|[P]|Thickness1=3, 1, 900, 1|Thickness2=6, 2, 4500, 1|Thickness3=12, 40, 2250, 1|Thickness4=24, 8, 1120, 1 ->

@@ -67,9 +67,9 @@ std::vector<Fact> FactsOf(const views::Form& form, bool opening) {
         // What a screen reader says of a field is neither empty nor has marks of the screen.
         const bool captioned = dynamic_cast<const CaptionedControl*>(control) != nullptr;
         static const std::regex kSpoken("[A-Z%].*[^ :?]"), kNone("");
-        EXPECT_TRUE(std::regex_match(SpokenName(*control), captioned ? kNone : kSpoken)) << name;
-        const string& own = control->spokenName;
-        if (opening && !own.empty()) add(Aspect::kShape, name + " says", "says " + own);
+        const string spoken = SpokenName(*control);
+        EXPECT_TRUE(std::regex_match(spoken, captioned ? kNone : kSpoken)) << name;
+        if (opening && !captioned) add(Aspect::kShape, name + " says", "says " + spoken);
         const string usual = opening ? "" : name;
         const string enabled = control->Enabled() ? usual : "(" + name + ")";
         add(Aspect::kEnabled, name + " is", control->Visible() ? enabled : "no " + name);

@@ -13,7 +13,7 @@ using test::Play;
 TEST(MainWindow, ListsTheDirectoriesOfTheDriveThatIsChosen) {
     Play(R"#(
 write c:\tolvarin\USER\PROD\ Notes.TXT 'x' -> "Quarvel System Manager - 2.03"; SysMan resizable;
-  -> drvList {c:; d:}; drvList "c:"; optDesign on; lstDirectory 32x14; says Directories;
+  -> says Drive; drvList {c:; d:}; drvList "c:"; optDesign on; lstDirectory 32x14; says Directories;
   -> lstDirectory {plates}; lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus
   -> lstDirectory
 choose lstDirectory plates -> lstDirectory "plates"; cmdDelete; cmdPrint
@@ -50,9 +50,9 @@ TEST(MainWindow, StartsAsItIsConfigured) {
 write c:\WINDOWS\NestCfg32.INI '[System]\r\nNestRootDir= \Plant A \r\nNestHomeDrive=d:\\r\n',
 write d:\plant a\SYSTEM\nest.ini '[userinfo]\nusernumber=123\n',
 write d:\plant a\network\USER12\nestuser.ini '; kept\n[SystemManager]\nCurrentSysManDrive=C:\n',
-write c:\plant a\user\design\Job\x 'x' -> "Quarvel System Manager - 2.03"; SysMan resizable; drvList
-  -> {c:; d:}; drvList "c:"; optDesign on; lstDirectory 32x14; says Directories; lstDirectory {job};
-  -> lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus lstDirectory
+write c:\plant a\user\design\Job\x 'x' -> "Quarvel System Manager - 2.03"; SysMan resizable; says
+  -> Drive; drvList {c:; d:}; drvList "c:"; optDesign on; lstDirectory 32x14; says Directories;
+  -> lstDirectory {job}; lstDirectory ""; (cmdMaterial); (cmdDelete); (cmdPrint); focus lstDirectory
 no, choose drvList d: -> drvList "d:"; lstDirectory {}; focus drvList; box Yes/No "No Nest data on
   -> d:\nWould you like to make d: a Nest data drive?"
 close -> d:\plant a\network\USER12\nestuser.ini -CurrentSysManDrive=C:\n; +CurrentSysManDrive=d:\n;
@@ -113,8 +113,8 @@ click cmdSysDefaults -> box critical "PROCESS.DAT lists more than 20 processes";
 
 TEST(MainWindow, MakesADirectory) {
     Play(R"#(
-click cmdCreate -> "Create Quarvel Directory"; CreateDir; txtDirName 50x0; txtDirName ""; focus
-  -> txtDirName
+click cmdCreate -> "Create Quarvel Directory"; CreateDir; txtDirName 50x0; says Enter new directory
+  -> name; txtDirName ""; focus txtDirName
 '  ', Enter -> focus cmdOK
 focus txtDirName, ' a*b ', Enter -> txtDirName "[a*b]"; focus txtDirName; beep; box information "The
   -> directory name is invalid."
@@ -128,10 +128,10 @@ focus txtDirName, ' Job \xDC.b ', Enter -> lstDirectory {job \xFC.b; plates}; ls
 click cmdCreate, 'no', Esc, click cmdCreate, '{1-50:x}', click cmdOK -> lstDirectory {job \xFC.b;
   -> plates; x<50>}; lstDirectory "x<50>"; c:\tolvarin\USER\DESIGN\x<50> made; \GEOMETRY made
 click optProduction, click cmdCreate, 'P6', Enter -> "Enter Thickness  for p6 Directory";
-  -> frmEnterThickness; txtInitThickness 24x0; txtInitThickness "[6]"; focus txtInitThickness;
-  -> c:\tolvarin\USER\PROD\P6 made; \COMP made; \GROUP made; \MATERIAL.DAT +;..; +;..; +;..; +\r;
-  -> +[Mat1]; +Type=MS; +Thickness=mm; +Process=Plasma; +\r; +[Mat2]; +Type=SS304; +Thickness=mm;
-  -> +Process=Oxy Fuel; \NEST made; \TAPE made
+  -> frmEnterThickness; txtInitThickness 24x0; says Enter Thickness; txtInitThickness "[6]"; focus
+  -> txtInitThickness; c:\tolvarin\USER\PROD\P6 made; \COMP made; \GROUP made; \MATERIAL.DAT +;..;
+  -> +;..; +;..; +\r; +[Mat1]; +Type=MS; +Thickness=mm; +Process=Plasma; +\r; +[Mat2]; +Type=SS304;
+  -> +Thickness=mm; +Process=Oxy Fuel; \NEST made; \TAPE made
 close -> ...
 close -> optProduction on; lstDirectory {p10; p6}; lstDirectory "p6"; cmdMaterial
 remove c:\tolvarin\system\material.dat, click cmdCreate, 'P8', Enter -> ...
@@ -196,7 +196,8 @@ TEST(MainWindow, WritesTheBatchFileOfABackup) {
 ok, cancel, click cmdBackup -> focus cmdBackup; box OK/Cancel none "Please insert a floppy disk";
   -> box again
 write b:\x '', click cmdBackup -> "Quarvel Backup"; frmBackup; optAllDirectories on;
-  -> (optSelectedDir); drvDest 20x0; drvDest {b:; c:; d:}; drvDest "b:"; focus optAllDirectories
+  -> (optSelectedDir); drvDest 20x0; says To Drive; drvDest {b:; c:; d:}; drvDest "b:"; focus
+  -> optAllDirectories
 Enter -> focus cmdOK; box information "The batch file c:\tolvarin\SYSTEM\QVBACKUP.BAT was
   -> written.\nIt was not started: this computer has no command interpreter for it.";
   -> c:\tolvarin\system\QVBACKUP.BAT +@echo off; +echo Backing Up Design Data to b:; +backup

@@ -33,8 +33,8 @@ click cmdMaterial -> "Edit c:\tolvarin\user\prod\p10\material.dat List"; frmEdit
   -> cboEditDataProcess {Plasma; Oxy Fuel; Water}; cboEditDataProcess ""; says Thickness; no
   -> txtSpinText; txtSpinText ""; says Thickness steps; no spinButton; (cmdCopy); (cmdPaste);
   -> (cmdDelete); chkAllowKerfCompensated on; chkNestClearanceCheck off; chkTracePlate off;
-  -> chkPrePierceEnabled off; txtMinPlateThickness 8x0; (txtMinPlateThickness); txtMinPlateThickness
-  -> "0.5"; focus grdMaterialList
+  -> chkPrePierceEnabled off; txtMinPlateThickness 8x0; says Min Plate Thickness;
+  -> (txtMinPlateThickness); txtMinPlateThickness "0.5"; focus grdMaterialList
 Tab, Tab, Tab, Enter -> row 1: 1 | MS | Plasma | 25; at 2 3; no cboEditDataType; cboEditDataProcess
   -> "plasma"; txtSpinText; txtSpinText "0"; spinButton
 Shift+Tab, Ctrl+Left, Left, Ctrl+Down, Enter -> row 2: 2 | MS | Oxy Fuel | 0; row 3: 3 | MS | Plas |
@@ -128,10 +128,10 @@ Up, Up, Down -> row 1: 1 | MS | Plasma | 24; txtSpinText "24"
 focus txtSpinText, paste txtSpinText '8 mm', yes, close -> box Yes/No none "Save Material List file"
   -> "<9>Save Changes ?"; c:\tolvarin\USER\PROD\P10\MATERIAL.DAT -Thickness=10mm; +Thickness=8mm
 click cmdCreate, 'JOB', Enter -> "Enter Thickness  for job Directory"; frmEnterThickness;
-  -> txtInitThickness 24x0; txtInitThickness ""; focus txtInitThickness; c:\tolvarin\USER\PROD\JOB
-  -> made; \COMP made; \GROUP made; \MATERIAL.DAT +;..; +;..; +;..; +\r; +[Mat1]; +Type=MS;
-  -> +Thickness=mm; +Process=Plasma; +\r; +[Mat2]; +Type=SS304; +Thickness=mm; +Process=Oxy Fuel;
-  -> \NEST made; \TAPE made
+  -> txtInitThickness 24x0; says Enter Thickness; txtInitThickness ""; focus txtInitThickness;
+  -> c:\tolvarin\USER\PROD\JOB made; \COMP made; \GROUP made; \MATERIAL.DAT +;..; +;..; +;..; +\r;
+  -> +[Mat1]; +Type=MS; +Thickness=mm; +Process=Plasma; +\r; +[Mat2]; +Type=SS304; +Thickness=mm;
+  -> +Process=Oxy Fuel; \NEST made; \TAPE made
 '0', Enter -> txtInitThickness "[0]"; box "Error in Thickness" "Thickness must be bigger than 0"
 '30mm', Alt+O -> "Edit c:\tolvarin\user\prod\job\material.dat List"; row 1: 1 | MS | Plasma | 25;
   -> row 2: 2 | SS304 | Oxy Fuel | 30; at 1 1; cboEditDataType; cboEditDataProcess ""; no
@@ -218,7 +218,7 @@ protect c:\tolvarin\USER\PROD\P10\MATERIAL.DAT, click cmdMaterial -> "Edit
   -> cboEditDataProcess ""; says Thickness; no txtSpinText; txtSpinText ""; says Thickness steps; no
   -> spinButton; (cmdCopy); (cmdPaste); (cmdDelete); chkAllowKerfCompensated off;
   -> chkNestClearanceCheck on; chkTracePlate on; chkPrePierceEnabled on; txtMinPlateThickness 8x0;
-  -> txtMinPlateThickness "0"; focus grdMaterialList
+  -> says Min Plate Thickness; txtMinPlateThickness "0"; focus grdMaterialList
 click chkAllowKerfCompensated, yes, close -> box Yes/No none "Save Material List file" "<9>Save
   -> Changes ?"; c:\tolvarin\network\user1\nestuser.ini -AllowKerfProg=on; -NestCheck=-1;
   -> -tracePlateOUTLINE=7; -PrePiercingEnabled=.1x; -PrePiercingThickness=-5; +AllowKerfProg=1;

@@ -10,8 +10,8 @@ TEST(MaterialTypesWindow, LooksAroundAndTakesWhatIsTyped) {
     test::Play(R"(
 click cmdSysMaterial -> "Edit Material Types"; frmEditMaterialTypes resizable; says Material types;
   -> row 0: Code | Description | Density; row 1: MS | Mild steel | 7.85; row 2: SS304 | Stainless |
-  -> 0.5; 720 twips high, wide 1100 2200 1100n; at 1 1; txtEditData "Mild steel"; (cmdDelete); focus
-  -> grdMaterialTypes
+  -> 0.5; 720 twips high, wide 1100 2200 1100n; at 1 1; says Edit Data; txtEditData "Mild steel";
+  -> (cmdDelete); focus grdMaterialTypes
 Tab, Tab -> at 1 2; marked; txtEditData "7.85"; cmdDelete
 Shift+Tab, Enter, Enter -> at 2 1; txtEditData "Stainless"
 Ctrl+Up, Ctrl+Right, Ctrl+Down -> at 2 2; txtEditData "0.5"
@@ -60,12 +60,12 @@ TEST(MaterialTypesWindow, TypesAreAddedAndDeletedUpToSixty) {
     test::Play(R"(
 remove c:\tolvarin\system\mattypes.dat, click cmdSysMaterial -> "Edit Material Types";
   -> frmEditMaterialTypes resizable; says Material types; row 0: Code | Description | Density; row
-  -> 1: - | - | -; 720 twips high, wide 1100 2200 1100n; at 1 1; (txtEditData); txtEditData "";
-  -> (cmdDelete); focus grdMaterialTypes; beep; box "Error in loading MATTYPES.DAT" "File
-  -> MATTYPES.DAT not found\rin c:\tolvarin\SYSTEM\"
+  -> 1: - | - | -; 720 twips high, wide 1100 2200 1100n; at 1 1; says Edit Data; (txtEditData);
+  -> txtEditData ""; (cmdDelete); focus grdMaterialTypes; beep; box "Error in loading MATTYPES.DAT"
+  -> "File MATTYPES.DAT not found\rin c:\tolvarin\SYSTEM\"
 click 1 0, click 1 2, 'x', Enter -> at 1 2
-click cmdAdd -> "Add Material Type"; frmAddMaterialTypes; txtAddMaterial 32x0; txtAddMaterial "";
-  -> focus txtAddMaterial
+click cmdAdd -> "Add Material Type"; frmAddMaterialTypes; txtAddMaterial 32x0; says Enter  New
+  -> Material Code; txtAddMaterial ""; focus txtAddMaterial
 '  ', Enter -> beep; box "Error in Adding New Material" "No Material Code Entered."
 ' ms ', Enter -> row 1: MS | - | 0; at 1 1; marked; txtEditData; cmdDelete
 'Mild steel', click cmdAdd, 'Ms', Enter -> "Add Material Type"; txtAddMaterial "[Ms]"; beep; box

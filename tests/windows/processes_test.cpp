@@ -8,13 +8,14 @@ namespace {
 
 TEST(ProcessWindow, ShowsProcessesAndReadsBoxesThatAreLeft) {
     test::Play(R"(
-click cmdSysProcess -> "Process Defaults Plasma"; frmProcessDefaults; cboProcess 40x0; cboProcess
-  -> {Plasma; Oxy Fuel}; cboProcess "Plasma"; txtRapid 10x0; txtRapid "20000"; txtLineMarkRate 10x0;
-  -> txtLineMarkRate "6000"; optLeadIn(0) on; txtLeadInAngle 6x0; txtLeadInAngle "45";
-  -> chkLeadInExtension off; optLeadOut(1) on; txtLeadOutAngle 6x0; (txtLeadOutAngle);
-  -> txtLeadOutAngle ""; txtLeadoutPercent 6x0; txtLeadoutPercent "50"; txtLeadoutOverrun 6x0;
-  -> txtLeadoutOverrun "3"; chkLeadOutExtension off; optMajorDirection(1) on; optMinorDirection(0)
-  -> on; optOpenMinor(0) on; chkAddKerf on; focus cboProcess
+click cmdSysProcess -> "Process Defaults Plasma"; frmProcessDefaults; cboProcess 40x0; says Process;
+  -> cboProcess {Plasma; Oxy Fuel}; cboProcess "Plasma"; txtRapid 10x0; says Rapid (mm/min);
+  -> txtRapid "20000"; txtLineMarkRate 10x0; says Line Mark (mm / min); txtLineMarkRate "6000";
+  -> optLeadIn(0) on; txtLeadInAngle 6x0; says Angle; txtLeadInAngle "45"; chkLeadInExtension off;
+  -> optLeadOut(1) on; txtLeadOutAngle 6x0; says Angle; (txtLeadOutAngle); txtLeadOutAngle "";
+  -> txtLeadoutPercent 6x0; says % of Leadin; txtLeadoutPercent "50"; txtLeadoutOverrun 6x0; says
+  -> Overrun (mm); txtLeadoutOverrun "3"; chkLeadOutExtension off; optMajorDirection(1) on;
+  -> optMinorDirection(0) on; optOpenMinor(0) on; chkAddKerf on; focus cboProcess
 choose cboProcess Oxy Fuel -> "Process Defaults Oxy Fuel"; cboProcess "Oxy Fuel"; txtRapid ".5";
   -> txtLineMarkRate "1"; optLeadIn(2) on; (txtLeadInAngle); txtLeadInAngle ""; chkLeadInExtension
   -> on; optLeadOut(0) on; txtLeadOutAngle; txtLeadOutAngle "-30"; txtLeadoutPercent "0";
@@ -57,14 +58,15 @@ protect c:\tolvarin\system\process.dat, click cmdSysProcess, Alt+T, yes, Esc -> 
 TEST(ProcessWindow, AFirstProcessAndItsOptions) {
     test::Play(R"(
 click cmdSysProcess, yes, Alt+D -> "Process Defaults Oxy Fuel"; frmProcessDefaults; cboProcess 40x0;
-  -> cboProcess {Oxy Fuel}; cboProcess "Oxy Fuel"; txtRapid 10x0; txtRapid ".5"; txtLineMarkRate
-  -> 10x0; txtLineMarkRate "1"; optLeadIn(2) on; txtLeadInAngle 6x0; (txtLeadInAngle);
-  -> txtLeadInAngle ""; chkLeadInExtension on; optLeadOut(0) on; txtLeadOutAngle 6x0;
-  -> txtLeadOutAngle "-30"; txtLeadoutPercent 6x0; txtLeadoutPercent "0"; txtLeadoutOverrun 6x0;
-  -> txtLeadoutOverrun "0"; chkLeadOutExtension on; optMajorDirection(0) on; optOpenMinor(1) on;
-  -> chkAddKerf off; focus cmdDeleteProcess; box Yes/No none "Delete Process" "<13>If you Delete
-  -> this Process Plasma\r<21>then any components or\rnest that uses this process will become
-  -> INVALID.\r<9>Are you sure you want to continue ?"
+  -> says Process; cboProcess {Oxy Fuel}; cboProcess "Oxy Fuel"; txtRapid 10x0; says Rapid (mm/min);
+  -> txtRapid ".5"; txtLineMarkRate 10x0; says Line Mark (mm / min); txtLineMarkRate "1";
+  -> optLeadIn(2) on; txtLeadInAngle 6x0; says Angle; (txtLeadInAngle); txtLeadInAngle "";
+  -> chkLeadInExtension on; optLeadOut(0) on; txtLeadOutAngle 6x0; says Angle; txtLeadOutAngle
+  -> "-30"; txtLeadoutPercent 6x0; says % of Leadin; txtLeadoutPercent "0"; txtLeadoutOverrun 6x0;
+  -> says Overrun (mm); txtLeadoutOverrun "0"; chkLeadOutExtension on; optMajorDirection(0) on;
+  -> optOpenMinor(1) on; chkAddKerf off; focus cmdDeleteProcess; box Yes/No none "Delete Process"
+  -> "<13>If you Delete this Process Plasma\r<21>then any components or\rnest that uses this process
+  -> will become INVALID.\r<9>Are you sure you want to continue ?"
 no, Esc, remove c:\tolvarin\system\process.dat, click cmdSysProcess, Alt+A, Alt+E, Alt+D, Esc -> box
   -> Yes/No none "Closing Process Defaults" "<13>Save Changes ?"; box "Error loading Process.dat"
   -> "File PROCESS.DAT not found\rin c:\tolvarin\SYSTEM\"
@@ -108,8 +110,9 @@ Alt+A, click optLeadOut(3), Alt+G, Alt+E, yes, Esc -> box again "Closing Process
 TEST(ProcessWindow, NamesOfNewProcessesAndOfThoseBehindADeletedOne) {
     test::Play(R"(
 click cmdSysProcess -> ...
-Alt+P -> "Add Process"; frmAddProcess; txtNewProcessName 40x0; txtNewProcessName ""; cboCopy 40x0;
-  -> cboCopy {Plasma; Oxy Fuel; None}; cboCopy "None"; focus txtNewProcessName
+Alt+P -> "Add Process"; frmAddProcess; txtNewProcessName 40x0; says Process Name; txtNewProcessName
+  -> ""; cboCopy 40x0; says Copy From; cboCopy {Plasma; Oxy Fuel; None}; cboCopy "None"; focus
+  -> txtNewProcessName
 click cmdOk, '  ', Enter, '{1-65:n}', Alt+O, ' Plasma  ', Enter, 'Oxy Fuel', Enter ->
   -> txtNewProcessName "[Oxy Fuel]"; beep; box "Error" "No Process Name Entered"; beep; box again
   -> "Error"; beep; box "Error" "Maximum size of Process name allow is 64"; box "Error" "Process

@@ -13,7 +13,7 @@ click cmdSysProcess, Alt+P, 'New', choose cboCopy Plasma, Alt+O, Alt+H -> "Thick
   -> Process New<61>"; frmThicknessData resizable; says Thicknesses; row 0: Thickness<9>(mm) |
   -> Pierce Time (secs) | Feed Rate (mm/min) | Leadin Length (mm) | Nozzle Size (mm); row 1: 3 | 0.1
   -> | 6400 | 4 | 1.5; row 2: 25 | 2 | 550 | 12 | 1.5; 600 twips high, wide 1620n 1620n 1620n 1620n
-  -> 1620n; at 1 1; txtEditData "0.1"; focus grdThicknessData
+  -> 1620n; at 1 1; says Edit Data; txtEditData "0.1"; focus grdThicknessData
 Tab, Tab, Tab, Tab, Enter, Enter -> at 2 4; marked; txtEditData "1.5"
 Up, Shift+Tab, 'x-' -> at 1 3; txtEditData "4"
 PageDown, End, Down, Right, Up, Down, Ctrl+Left, Home -> at 2 1; txtEditData "2"
@@ -57,9 +57,9 @@ click 1 1, '7', Alt+A, '.50', Enter, '3' -> row 1: 0.5 | 3 | 0 | 0 | 0; row 2: 2
   -> row 3: 5 | 0 | 0 | 0 | 0; row 4: 10 | 0 | 0 | 0 | 0; .. row 5: 40 | 0 | 0 | 0 | 0; txtEditData
   -> "3"; cmdThkDel
 Alt+A, '0', Enter, '40.00000001', Enter, '000000000012345' -> "Add New Thickness"; frmAddThickness;
-  -> txtNewThickness 26x0; txtNewThickness "0<10>123"; focus txtNewThickness; box "Error in
-  -> Thickness Entry" "Thickness must bigger than 0."; box "Error in Thickness Entry" "Thickness 40
-  -> already exist."
+  -> txtNewThickness 26x0; says Enter New Thickness; txtNewThickness "0<10>123"; focus
+  -> txtNewThickness; box "Error in Thickness Entry" "Thickness must bigger than 0."; box "Error in
+  -> Thickness Entry" "Thickness 40 already exist."
 Alt+C, Alt+A, '1.234567890', Enter, Esc, yes, Esc -> box again "Closing Process Defaults";
   -> c:\tolvarin\system\process.dat +Thickness1=.5mm, 3, 0, 0, 0; +Thickness2=1.234568mm, 0, 0, 0,
   -> 0; +Thickness3=2mm, 7, 0, 0, 0; +Thickness4=5mm, 0, 0, 0, 0; +Thickness5=10mm, 0, 0, 0, 0;
