@@ -17,6 +17,7 @@
 #include "directories/create_dir.h"
 #include "materiallist/material_list_table.h"
 #include "materialtypes/material_type_table.h"
+#include "platform/native.h"
 #include "process/process_file.h"
 #include "tests/support/environment.h"
 #include "tests/support/one_fault.h"
@@ -182,6 +183,9 @@ TEST(Faults, LeaveTheOldOrTheNewAndTellTheTruth) {
                          said);
             const bool swapped = fault.how.starts_with("overtaken"), killed = fault.how == "killed";
             EXPECT_TRUE(said != "CRASHED" && said != "WRONG LIST");
+            const std::error_code why(fault.error, std::system_category());
+            const bool given = said.find(platform::native::Reason(why)) != said.npos;
+            EXPECT_TRUE(given || said.empty() || work.told != kAllOrNothing || fault.error == 0);
             for (const auto& [path, state] : before) {
                 const bool kept = now.contains(path) && now.at(path).first == state.first;
                 const bool away = swapped && path.starts_with("c/");
