@@ -142,8 +142,8 @@ click optDesign, Shift+Tab, Tab, Tab, Tab -> optDesign on; lstDirectory {plates}
 click drvList, no, Down, Enter -> focus drvList box Yes/No "No Nest data on d:\nWould you like to
   -> make d: a Nest data drive?"
 click cmdSysProcess, click cmdAddProcess, 'neu', click cboCopy, Up, Enter -> "Add Process";
-  -> frmAddProcess; txtNewProcessName 40x0; txtNewProcessName "neu"; cboCopy 40x0; cboCopy {Plasma;
-  -> Oxy Fuel; None}; cboCopy "Oxy Fuel"; focus cboCopy
+  -> frmAddProcess; txtNewProcessName 40x0; says Process Name; txtNewProcessName "neu"; cboCopy
+  -> 40x0; says Copy From; cboCopy {Plasma; Oxy Fuel; None}; cboCopy "Oxy Fuel"; focus cboCopy
 Esc, Esc, click cmdSysDefaults -> ...
 click cboEditDataType, Down, Enter -> row 1: 1 | SS304 | Plasma | -; cboEditDataType "SS304" focus
   -> cboEditDataType
