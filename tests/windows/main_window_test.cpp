@@ -62,7 +62,7 @@ remove c:\WINDOWS\NestCfg32.INI, write c:\WINDOWS\NESTCFG.INI '[System]\nNestRoo
 )#");
     const test::Workshop workshop;
     const platform::SingleInstance other;
-    platform::SingleInstance::Suffix() += "of another session";
+    platform::SingleInstance::Suffix().back() = 'x';
     EXPECT_FALSE(platform::SingleInstance().AnotherIsRunning());
     platform::SingleInstance::Suffix() = workshop.Folder().filename().string();
     test::Play(workshop, R"#(
