@@ -143,9 +143,7 @@ class Place : public test::Workshop, private views::Screen {
 };
 
 TEST(Faults, LeaveTheOldOrTheNewAndTellTheTruth) {
-    // In memory flushing costs nothing.
-    const auto usual = fs::temp_directory_path().string();
-    const test::Environment folder("TMPDIR", access("/dev/shm", W_OK) == 0 ? "/dev/shm" : usual);
+    const test::InMemory memory;
     for (const Work& work : kWorks) {
         Tree before, now;
         std::vector<std::string> calls;

@@ -205,7 +205,7 @@ TEST_F(Archive, ReplacesOnlyWhenAskedAndKeepsWhatWasThere) {
     }
     // A drive may keep coarser times; those of the list count.
     std::error_code error;
-    raw::SetTime(All()[0].path / "MATERIAL.DAT", {1, 0}, error);
+    raw::SetTime(All().at(0).path / "MATERIAL.DAT", {1, 0}, error);
     Expect(DoRestore("1", false), kSomething,
            "missing: TAPE\nadded: COMP/b\nchanged: MATERIAL.DAT\n"
            "c:/tolvarin/USER/PROD/my job differs from the backup, and nothing was changed; "
@@ -328,10 +328,10 @@ TEST_F(Archive, EveryChangedBitIsFound) {
     Expect(DoBackup("c: d: /s"), kAllRight);
     Expect(DoRestore("1", true), kNotDone,
            "A whole drive cannot be brought back at once; its files are in the backup as files");
-    RemoveTree(All()[0].path);
+    RemoveTree(All().at(0).path);
     Expect(DoBackup(), kAllRight);
     fs::remove_all(drives.Path(kPlace));
-    const fs::path stored = All()[0].path;
+    const fs::path stored = All().at(0).path;
     const std::tuple<const char*, std::streamoff, Outcome, const char*> cases[] = {
         {"MATERIAL.DAT", 2999, kSomething, "changed: MATERIAL.DAT"},
         {"COMP/a", 0, kSomething, "changed: COMP/a"},
@@ -367,7 +367,7 @@ TEST_F(Archive, EveryChangedBitIsFound) {
            "..missing: COMP\n<time> my job: missing: COMP/a\n<time> my job: added: OTHER\n..");
     Expect(DoRestore("1", true), kNotDone, "<drives>/d/QVBACKUP/<time> my job/COMP/a: ..");
     // A list that tells of more than there is room for.
-    List list = ListIn(All()[0]);
+    List list = ListIn(All().at(0));
     std::ofstream(stored / kListName, std::ios::binary)
         << TextOf({"x", "c:\\\xD0\x96", "", "*", true, {}});
     Expect(DoRestore("1", true), kNotDone, "Where the backup came from is no path here");

@@ -113,10 +113,10 @@ click cmdSysMaterial, click 1 1, focus txtEditData, 'abc', Shift+Left -> ...
 '*' ->
 Ctrl+X, Ctrl+V, Ctrl+V -> row 1: MS | abcc | 7.85; txtEditData "abcc"
 Ctrl+A, Ctrl+C, End, Ctrl+V -> row 1: MS | abccabcc | 7.85; txtEditData "abccabcc"
-focus grdMaterialTypes, Ctrl+A, Ctrl+C, Ctrl+V, Ctrl+X, Ctrl+Z, '*' -> unmarked focus
+focus grdMaterialTypes, Ctrl+A, Ctrl+C, Ctrl+V, Ctrl+X, Ctrl+Z, '*' -> unmarked; focus
   -> grdMaterialTypes
 '*' ->
-'*' -> row 1: MS | abccabcc\xFC | 7.85; marked; txtEditData "abccabcc\xFC" focus txtEditData
+'*' -> row 1: MS | abccabcc\xFC | 7.85; marked; txtEditData "abccabcc\xFC"; focus txtEditData
 Ctrl+Z, '*' -> ...
 no, close -> box Yes/No none "Material Types Save" "<7>Save Changes ?"
 )");
@@ -132,20 +132,20 @@ TEST(Mouse, ListsAndArrows) {
                       [&] { Until([&] { return box->GetValue() == "25"; }); });
     }};
     player.Play(test::Workshop(), R"(
-click optProduction, click lstDirectory -> optProduction on; lstDirectory {p10} lstDirectory "p10";
+click optProduction, click lstDirectory -> optProduction on; lstDirectory {p10}; lstDirectory "p10";
   -> cmdMaterial; cmdDelete; cmdPrint
 click cmdMaterial, click 1 3 -> ...
 focus spinButton, '*' -> row 1: 1 | MS | Plasma | 25; txtSpinText "25"; focus spinButton
 no, close -> box Yes/No none "Save Material List file" "<9>Save Changes ?"
-click optDesign, Shift+Tab, Tab, Tab, Tab -> optDesign on; lstDirectory {plates} lstDirectory "";
+click optDesign, Shift+Tab, Tab, Tab, Tab -> optDesign on; lstDirectory {plates}; lstDirectory "";
   -> (cmdMaterial); (cmdDelete); (cmdPrint); focus cmdCreate
-click drvList, no, Down, Enter -> focus drvList box Yes/No "No Nest data on d:\nWould you like to
+click drvList, no, Down, Enter -> focus drvList; box Yes/No "No Nest data on d:\nWould you like to
   -> make d: a Nest data drive?"
 click cmdSysProcess, click cmdAddProcess, 'neu', click cboCopy, Up, Enter -> "Add Process";
   -> frmAddProcess; txtNewProcessName 40x0; says Process Name; txtNewProcessName "neu"; cboCopy
   -> 40x0; says Copy From; cboCopy {Plasma; Oxy Fuel; None}; cboCopy "Oxy Fuel"; focus cboCopy
 Esc, Esc, click cmdSysDefaults -> ...
-click cboEditDataType, Down, Enter -> row 1: 1 | SS304 | Plasma | -; cboEditDataType "SS304" focus
+click cboEditDataType, Down, Enter -> row 1: 1 | SS304 | Plasma | -; cboEditDataType "SS304"; focus
   -> cboEditDataType
 no, close -> focus cmdSysDefaults; box again "Save Material List file"
 )");

@@ -57,6 +57,13 @@ void CheckForm(const string& page) {
     for (const string& link : links) {
         EXPECT_TRUE(link.starts_with('#') && ids.contains(link.substr(1))) << link;
     }
+    // From each finding there is a way to its place, and from there back.
+    for (int n = 1; ids.contains("f" + std::to_string(n)); ++n) {
+        const string finding = "f" + std::to_string(n), row = "<tr id=\"" + finding + "\">";
+        EXPECT_TRUE(links.contains("#" + finding)) << finding;
+        const string cells = page.substr(page.find(row), 400);
+        EXPECT_NE(cells.find("<td><a href=\"#"), cells.npos) << cells;
+    }
 }
 
 string PageOf(const std::vector<string>& drives = {}) {

@@ -1,7 +1,10 @@
 // Sets a variable of the environment as long as it lives.
 #pragma once
 
+#include <unistd.h>
+
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 namespace test {
@@ -27,6 +30,15 @@ class Environment {
 
     const char* name_;
     std::string before_;
+};
+
+// Temporary files in memory, where flushing costs nothing.
+class InMemory : Environment {
+  public:
+    InMemory()
+        : Environment("TMPDIR", access("/dev/shm", W_OK) == 0
+                                    ? "/dev/shm"
+                                    : std::filesystem::temp_directory_path().string()) {}
 };
 
 }  // namespace test
